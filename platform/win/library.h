@@ -8,7 +8,9 @@
 
 namespace win {
 
-using FARPROC = INT_PTR (*)();
+// An exported function; cast to its real type to call it (this type converts without
+// warnings).
+using FARPROC = void (*)();
 
 // The loaded library, or null with error 126 when it cannot be found or loaded. Every
 // LoadLibrary needs its FreeLibrary; loading a loaded library gives the same handle.

@@ -18,32 +18,32 @@ inline constexpr DWORD NORMAL_PRIORITY_CLASS = 0x20;
 // The start-up data. Only `cb` is looked at: the new process keeps the standard streams
 // of this one.
 struct STARTUPINFO {
-    DWORD cb;
-    LPSTR lpReserved;
-    LPSTR lpDesktop;
-    LPSTR lpTitle;
-    DWORD dwX;
-    DWORD dwY;
-    DWORD dwXSize;
-    DWORD dwYSize;
-    DWORD dwXCountChars;
-    DWORD dwYCountChars;
-    DWORD dwFillAttribute;
-    DWORD dwFlags;
-    WORD wShowWindow;
-    WORD cbReserved2;
-    BYTE* lpReserved2;
-    HANDLE hStdInput;
-    HANDLE hStdOutput;
-    HANDLE hStdError;
+    DWORD cb = {};
+    LPSTR lpReserved = {};
+    LPSTR lpDesktop = {};
+    LPSTR lpTitle = {};
+    DWORD dwX = {};
+    DWORD dwY = {};
+    DWORD dwXSize = {};
+    DWORD dwYSize = {};
+    DWORD dwXCountChars = {};
+    DWORD dwYCountChars = {};
+    DWORD dwFillAttribute = {};
+    DWORD dwFlags = {};
+    WORD wShowWindow = {};
+    WORD cbReserved2 = {};
+    BYTE* lpReserved2 = {};
+    HANDLE hStdInput = {};
+    HANDLE hStdOutput = {};
+    HANDLE hStdError = {};
 };
 using LPSTARTUPINFO = STARTUPINFO*;
 
 struct PROCESS_INFORMATION {
-    HANDLE hProcess;
-    HANDLE hThread;
-    DWORD dwProcessId;
-    DWORD dwThreadId;
+    HANDLE hProcess = {};
+    HANDLE hThread = {};
+    DWORD dwProcessId = {};
+    DWORD dwThreadId = {};
 };
 using LPPROCESS_INFORMATION = PROCESS_INFORMATION*;
 

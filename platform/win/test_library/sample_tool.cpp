@@ -4,6 +4,7 @@
 
 int main(int argc, char** argv) {
     std::ofstream out(argv[argc - 1], std::ios::binary);
-    for (int i = 0; i < argc - 1; ++i) out << argv[i] << '\n';
+    for (int i = 0; i < argc - 1; ++i)
+        out << argv[i] << '\n';
     return argc;
 }
