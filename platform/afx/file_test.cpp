@@ -85,7 +85,7 @@ TEST_F(CFileTest, StartedProgramsDoNotInheritTheLock) {
     std::string path = sandbox.Platform("~%amp.vpj");
     CFile holder;
     ASSERT_TRUE(holder.Open(path.c_str(), kLock));
-    std::string command = "sh -c \"sleep 30\"";
+    std::string command = "sleep 30";
     win::STARTUPINFO startup = {sizeof(win::STARTUPINFO)};
     win::PROCESS_INFORMATION info{};
     ASSERT_TRUE(win::CreateProcess(nullptr, command.data(), nullptr, nullptr, win::TRUE, 0, nullptr,
