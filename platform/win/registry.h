@@ -1,8 +1,10 @@
 // The platform's registry, kept in one profile file (RegistryPath()): one section per key,
 // named by the key's full path ("HKEY_LOCAL_MACHINE\Software\..."), one line per value,
 // the key's default value under the name "@". Key and value names are compared without
-// regard to case. A key exists when it has a section or a subkey has one. The calls return
-// the platform's error codes and leave the last error alone, as the platform's do.
+// regard to case. A value is read as a profile value is: blanks around it and one pair of
+// quotes around it go, so a value with blanks or quotes at its ends is written in quotes. A key
+// exists when it has a section or a subkey has one. The calls return the platform's error codes and
+// leave the last error alone, as the platform's do.
 #pragma once
 
 #include "platform/win/types.h"
