@@ -206,6 +206,9 @@ std::shared_ptr<const ProfileFile> LoadProfile(const std::string& posixPath, boo
 }
 
 DWORD EditProfile(const std::string& posixPath, const ProfileEdit& edit, bool makeFolder) {
+    // One write at a time in this process, so that no edit builds on a text another replaces.
+    static std::mutex writeMutex;
+    std::lock_guard lock(writeMutex);
     // Through a symbolic link the file it names gets the new text, and the link stays.
     std::string target = posixPath;
     char resolved[PATH_MAX];
