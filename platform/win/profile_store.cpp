@@ -14,6 +14,7 @@
 #include <mutex>
 
 #include "platform/win/last_error.h"
+#include "platform/win/posix_file.h"
 
 namespace win {
 
@@ -151,10 +152,9 @@ std::shared_ptr<const ProfileFile> Load(const std::string& posixPath, DWORD& err
     return file;
 }
 
-// Write bits all clear make a file or folder read-only for everybody, the superuser too,
-// as the platform's read-only attribute does.
+// The read-only attribute binds everybody, the superuser too; beyond it the kernel decides.
 bool Writable(const std::string& path, const struct stat& info, int mode) {
-    return (info.st_mode & 0222) != 0 && access(path.c_str(), mode) == 0;
+    return !internal::IsReadOnly(info.st_mode) && access(path.c_str(), mode) == 0;
 }
 
 DWORD WriteAll(int fd, const std::string& text) {
