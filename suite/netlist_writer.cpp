@@ -39,7 +39,11 @@ class BodyWriter {
         }
         std::vector<bool> written(hierarchy_.sheets.size(), false);
         written[0] = true;
-        if (!Subcircuits(0, written) || !Elements(top, ""))
+        if (!Subcircuits(0, written))
+            return std::nullopt;
+        if (hierarchy_.sheets.size() > 1)
+            Line("");
+        if (!Elements(top, ""))
             return std::nullopt;
         Line(dialect_ == NetlistDialect::kQuintaris ? ".END" : "end");
         if (tooLong_)
