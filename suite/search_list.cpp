@@ -31,6 +31,16 @@ SearchList::SearchList(const std::vector<std::string>& folders) {
 }
 
 std::optional<std::string> SearchList::Find(std::string_view name) const {
+    std::string key(name);
+    for (char& c : key)
+        c = Lower(c);
+    auto known = found_.find(key);
+    if (known == found_.end())
+        known = found_.emplace(std::move(key), Search(name)).first;
+    return known->second;
+}
+
+std::optional<std::string> SearchList::Search(std::string_view name) const {
     if (name.empty())
         return std::nullopt;
     if (name.size() > 1 && name[1] == ':') {

@@ -2,6 +2,7 @@
 // work folder first, so that working copies win over the real files.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,13 +17,17 @@ class SearchList {
 
     // The platform path of the first file of this name in the folders, spelled as the
     // folder is given and the file is named on disk. A name with a drive letter is looked
-    // for where it points. Nothing when no folder holds it.
+    // for where it points. Nothing when no folder holds it. Answers are kept for the
+    // list's life: a hierarchy names the same cells and symbols again and again.
     std::optional<std::string> Find(std::string_view name) const;
 
     const std::vector<std::string>& Folders() const { return folders_; }
 
   private:
+    std::optional<std::string> Search(std::string_view name) const;
+
     std::vector<std::string> folders_;  // full, without a final backslash
+    mutable std::map<std::string, std::optional<std::string>> found_;  // by lower-case name
 };
 
 // Platform paths compare without regard to case.
