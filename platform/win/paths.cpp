@@ -188,21 +188,24 @@ std::string FullPlatformPath(std::string_view path) {
         if (pieces.size() > 2)
             names.assign(pieces.begin() + 2, pieces.end());
     } else {
-        std::string current = PlatformPath(CurrentPosixFolder());
-        // A current folder outside every drive: relative paths count from Z:'s root.
-        if (current.size() < 2 || current[1] != ':')
-            current = "Z:\\";
         bool hasDrive = rest.size() >= 2 && IsDriveLetter(rest[0]) && rest[1] == ':';
         if (hasDrive) {
             prefix = {Upper(rest[0]), ':'};
             rest.remove_prefix(2);
-        } else {
-            prefix = current.substr(0, 2);
         }
         bool rooted = !rest.empty() && rest[0] == '\\';
-        // Relative to the current folder when it lies on the path's drive, else to the root.
-        if (!rooted && EqualNoCase(current.substr(0, 2), prefix))
-            names = Split(std::string_view(current).substr(2), "\\");
+        if (!hasDrive || !rooted) {
+            std::string current = PlatformPath(CurrentPosixFolder());
+            // A current folder outside every drive: relative paths count from Z:'s root.
+            if (current.size() < 2 || current[1] != ':')
+                current = "Z:\\";
+            if (!hasDrive)
+                prefix = current.substr(0, 2);
+            // Relative to the current folder when it lies on the path's drive, else to the
+            // drive's root.
+            if (!rooted && current.substr(0, 2) == prefix)
+                names = Split(std::string_view(current).substr(2), "\\");
+        }
         for (std::string& name : Split(rest, "\\"))
             names.push_back(std::move(name));
     }
@@ -237,7 +240,15 @@ std::optional<std::string> PosixPath(std::string_view platformPath) {
         }
     }
 
-    std::string posix = drive->second.folder == "/" ? "" : drive->second.folder;
+    std::string base = drive->second.folder == "/" ? "" : drive->second.folder;
+    std::string posix = base;
+    for (const std::string& name : names)
+        posix += "/" + name;
+    // The common case, a path that exists as written, costs one system call.
+    if (names.empty() || Exists(posix))
+        return posix.empty() ? "/" : posix;
+
+    posix = base;
     bool searching = true;  // below a name that matched nothing, nothing can match
     for (const std::string& name : names) {
         std::string exact = posix + "/" + name;
