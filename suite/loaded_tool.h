@@ -3,12 +3,15 @@
 #pragma once
 
 #include <dlfcn.h>
+#include <stdlib.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "platform/testing/sandbox.h"
+#include "platform/win/last_error.h"
+#include "platform/win/library.h"
 
 namespace suite::testing {
 
@@ -16,16 +19,18 @@ inline std::string ToolLibraryPath(const std::string& tool) {
     return std::string(VELORAND_TOOL_DIR) + "/lib" + tool + ".so";
 }
 
-// Runs the tool with argv[0] = its name and the given arguments; the tool's result.
-// A library that doesn't load or has no main fails the test and gives -2.
+// Runs the tool with argv[0] = its name and the given arguments; the tool's result. The
+// library is found by its bare name through VELORAND_LIBRARY_PATH, as the launcher finds
+// it. A library that doesn't load or has no main fails the test and gives -2.
 inline int CallTool(const std::string& tool, const std::vector<std::string>& arguments) {
-    void* library = dlopen(ToolLibraryPath(tool).c_str(), RTLD_NOW | RTLD_LOCAL);
+    setenv("VELORAND_LIBRARY_PATH", VELORAND_TOOL_DIR, 1);
+    win::HMODULE library = win::LoadLibrary(tool.c_str());
     if (library == nullptr) {
-        ADD_FAILURE() << "cannot load " << tool << ": " << dlerror();
+        ADD_FAILURE() << "cannot load " << tool << ": error " << win::GetLastError();
         return -2;
     }
     using Main = int (*)(int, char**);
-    auto entry = reinterpret_cast<Main>(dlsym(library, "main"));
+    auto entry = reinterpret_cast<Main>(win::GetProcAddress(library, "main"));
     int result = -2;
     if (entry == nullptr) {
         ADD_FAILURE() << tool << " has no main";
@@ -39,7 +44,7 @@ inline int CallTool(const std::string& tool, const std::vector<std::string>& arg
         argv.push_back(nullptr);
         result = entry(static_cast<int>(strings.size()), argv.data());
     }
-    dlclose(library);
+    win::FreeLibrary(library);
     return result;
 }
 
