@@ -17,6 +17,7 @@ using Key = std::pair<std::uintptr_t, UINT>;
 struct Resources {
     std::map<Key, std::vector<MenuTemplateItem>> menus;
     std::map<Key, std::string> strings;
+    std::map<Key, DialogTemplate> dialogs;
 };
 
 Resources& R() {
@@ -57,9 +58,14 @@ void RegisterStringResource(HINSTANCE instance, UINT id, std::string text) {
     R().strings[KeyOf(instance, id)] = std::move(text);
 }
 
+void RegisterDialogResource(HINSTANCE instance, UINT id, DialogTemplate dialog) {
+    R().dialogs[KeyOf(instance, id)] = std::move(dialog);
+}
+
 void UnregisterResources(HINSTANCE instance) {
     EraseModule(R().menus, NumberFromHandle(instance));
     EraseModule(R().strings, NumberFromHandle(instance));
+    EraseModule(R().dialogs, NumberFromHandle(instance));
 }
 
 HMENU LoadMenu(HINSTANCE instance, UINT id) {
@@ -87,6 +93,26 @@ int LoadString(HINSTANCE instance, UINT id, LPSTR buffer, int size) {
     std::memcpy(buffer, it->second.data(), n);
     buffer[n] = '\0';
     return n;
+}
+
+const DialogTemplate* FindDialogResource(HINSTANCE instance, UINT id) {
+    auto it = R().dialogs.find(KeyOf(instance, id));
+    if (it == R().dialogs.end()) {
+        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+        return nullptr;
+    }
+    return &it->second;
+}
+
+BOOL FindDialogModule(UINT id, HINSTANCE* module) {
+    for (const auto& [key, dialog] : R().dialogs) {
+        if (key.second == id) {
+            *module = HandleFromNumber<HINSTANCE>(key.first);
+            return TRUE;
+        }
+    }
+    SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+    return FALSE;
 }
 
 }  // namespace win

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/win/dialog_template.h"
 #include "platform/win/types.h"
 
 namespace win {
@@ -24,6 +25,7 @@ struct MenuTemplateItem {
 // Registers or replaces a resource of the module.
 void RegisterMenuResource(HINSTANCE instance, UINT id, std::vector<MenuTemplateItem> items);
 void RegisterStringResource(HINSTANCE instance, UINT id, std::string text);
+void RegisterDialogResource(HINSTANCE instance, UINT id, DialogTemplate dialog);
 // Forgets all resources of the module, as when it is unloaded.
 void UnregisterResources(HINSTANCE instance);
 
@@ -32,5 +34,12 @@ HMENU LoadMenu(HINSTANCE instance, UINT id);
 // Copies the string (at most size - 1 bytes and a zero) and gives its length; 0 when the
 // module has no such string.
 int LoadString(HINSTANCE instance, UINT id, LPSTR buffer, int size);
+
+// The module's dialog resource, valid until the module's resources change; null (last
+// error 1814) when it has none.
+const DialogTemplate* FindDialogResource(HINSTANCE instance, UINT id);
+// The first module, in the order of the handles, that has the dialog resource; FALSE
+// (last error 1814) when none has it.
+BOOL FindDialogModule(UINT id, HINSTANCE* module);
 
 }  // namespace win

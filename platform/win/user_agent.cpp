@@ -48,6 +48,8 @@ const char* ControlKindName(ControlKind kind) {
             return "combo";
         case ControlKind::GroupBox:
             return "group";
+        case ControlKind::Other:
+            break;
     }
     return "control";
 }

@@ -12,7 +12,16 @@
 namespace win {
 
 // The kinds of dialog control that a user can see and work.
-enum class ControlKind { PushButton, CheckBox, RadioButton, Edit, Static, ComboBox, GroupBox };
+enum class ControlKind {
+    PushButton,
+    CheckBox,
+    RadioButton,
+    Edit,
+    Static,
+    ComboBox,
+    GroupBox,
+    Other,  // a control of another class, which an agent can only look at
+};
 
 // One control of a dialog as the user sees it.
 struct ControlView {
@@ -25,7 +34,8 @@ struct ControlView {
     int selection = -1;              // combo boxes: the selected item, -1 for none
 };
 
-// The word of a kind ("button", "check", "radio", "edit", "static", "combo", "group").
+// The word of a kind ("button", "check", "radio", "edit", "static", "combo", "group",
+// "control").
 const char* ControlKindName(ControlKind kind);
 
 // A modal dialog while it runs, as the agent works it. Each act goes through the
