@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/afx/menu.h"
+#include "platform/win/focus.h"
 #include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
 
@@ -264,6 +265,14 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     return FALSE;
+}
+
+CWnd* CWnd::SetFocus() {
+    return FromHandle(win::SetFocus(m_hWnd));
+}
+
+CWnd* CWnd::GetFocus() {
+    return FromHandle(win::GetFocus());
 }
 
 CWnd* CWnd::GetParent() const {

@@ -125,6 +125,10 @@ class CWnd : public CCmdTarget {
     void InvalidateRect(const win::RECT* rect, BOOL erase = TRUE);
     void UpdateWindow();
 
+    // The keyboard focus (focus.h).
+    CWnd* SetFocus();
+    static CWnd* GetFocus();
+
     // Mouse capture.
     CWnd* SetCapture();
     static CWnd* GetCapture();
