@@ -271,6 +271,7 @@ HWND CreateWindowEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD st
         DestroyWindow(hwnd);
         return nullptr;
     }
+    FindWindowRecord(hwnd)->created = true;
     if (child && !(exStyle & WS_EX_NOPARENTNOTIFY)) {
         SendMessage(parent, WM_PARENTNOTIFY,
                     MAKEWPARAM(WM_CREATE, static_cast<WORD>(NumberFromHandle(menu))),
@@ -304,7 +305,7 @@ BOOL DestroyWindow(HWND hwnd) {
         ReleaseCapture();
     }
     if (rec = FindWindowRecord(hwnd);
-        rec && rec->parent && !(rec->exStyle & WS_EX_NOPARENTNOTIFY)) {
+        rec && rec->created && rec->parent && !(rec->exStyle & WS_EX_NOPARENTNOTIFY)) {
         WindowRecord* parent = FindWindowRecord(rec->parent);
         if (parent && !parent->destroying) {
             SendMessage(rec->parent, WM_PARENTNOTIFY,

@@ -40,6 +40,7 @@ struct WindowRecord {
     POINT maxPosition{-1, -1};
     bool invalid = false;
     RECT invalidRect;
+    bool created = false;  // creation was not refused; the parent has heard of it
     bool destroying = false;
     std::map<std::string, HANDLE, NoCaseLess> props;
 };
