@@ -137,6 +137,12 @@ BOOL CWnd::Create(LPCSTR className, LPCSTR windowName, DWORD style, const win::R
 
 BOOL CWnd::CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
                     const win::RECT& rect, CWnd* parent, UINT id, win::LPVOID param) {
+    return CreateEx(exStyle, className, windowName, style, rect, parent ? parent->m_hWnd : nullptr,
+                    id, param);
+}
+
+BOOL CWnd::CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
+                    const win::RECT& rect, HWND parent, UINT id, win::LPVOID param) {
     if (m_hWnd != nullptr) {
         return FALSE;
     }
@@ -149,7 +155,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD st
     cs.y = rect.top;
     cs.cx = rect.right - rect.left;
     cs.cy = rect.bottom - rect.top;
-    cs.hwndParent = parent ? parent->m_hWnd : nullptr;
+    cs.hwndParent = parent;
     cs.hMenu = win::HandleFromNumber<win::HMENU>(id);
     cs.lpCreateParams = param;
     if (!PreCreateWindow(cs)) {

@@ -43,6 +43,7 @@ using win::LRESULT;
 using win::WPARAM;
 
 struct CCreateContext;
+class CFrameWnd;
 class CMenu;
 
 class CWnd : public CCmdTarget {
@@ -72,6 +73,9 @@ class CWnd : public CCmdTarget {
     // For a top-level window, parent is the owner and id a menu handle's number.
     BOOL CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
                   const win::RECT& rect, CWnd* parent, UINT id, win::LPVOID param = nullptr);
+    // The same under a window that has no object (the MDI client).
+    BOOL CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
+                  const win::RECT& rect, HWND parent, UINT id, win::LPVOID param = nullptr);
     virtual BOOL PreCreateWindow(win::CREATESTRUCT& cs);
     virtual BOOL DestroyWindow();
 
@@ -91,6 +95,8 @@ class CWnd : public CCmdTarget {
     // The owner that SetOwner gave, else the parent.
     CWnd* GetOwner() const;
     void SetOwner(CWnd* owner);
+    // The nearest frame window above this one.
+    CFrameWnd* GetParentFrame() const;
     CWnd* GetDlgItem(int id) const;
     int GetDlgCtrlID() const;
     BOOL IsChild(const CWnd* wnd) const;
