@@ -1,5 +1,6 @@
 #include "platform/afx/dialog.h"
 
+#include "platform/afx/win_app.h"
 #include "platform/win/dialog.h"
 #include "platform/win/message_box.h"
 #include "platform/win/messages.h"
@@ -44,8 +45,12 @@ CDialog::~CDialog() {
 }
 
 win::INT_PTR CDialog::DoModal() {
-    win::HINSTANCE module = nullptr;
-    if (m_hWnd != nullptr || !win::FindDialogModule(m_nIDTemplate, &module)) {
+    if (m_hWnd != nullptr) {
+        return -1;
+    }
+    win::HINSTANCE module = AfxGetResourceHandle();
+    if (win::FindDialogResource(module, m_nIDTemplate) == nullptr &&
+        !win::FindDialogModule(m_nIDTemplate, &module)) {
         return -1;
     }
     // A copy: the handlers may change the module's resources while the dialog runs.

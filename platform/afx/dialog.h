@@ -47,7 +47,8 @@ void DDX_Control(CDataExchange* dx, int id, CWnd& control);
 class CDialog : public CWnd {
     DECLARE_DYNAMIC(CDialog)
   public:
-    // The dialog resource is looked for in every module that registered resources.
+    // The dialog resource is looked for in the resource module (AfxGetResourceHandle),
+    // then in every module that registered resources.
     explicit CDialog(UINT templateId, CWnd* parent = nullptr);
     ~CDialog() override;
 
