@@ -20,8 +20,10 @@ const win::RECT CFrameWnd::rectDefault = {win::CW_USEDEFAULT, win::CW_USEDEFAULT
                                           win::CW_USEDEFAULT, win::CW_USEDEFAULT};
 
 CFrameWnd* CWnd::GetParentFrame() const {
-    for (CWnd* w = GetParent(); w != nullptr; w = w->GetParent()) {
-        if (w->IsKindOf(RUNTIME_CLASS(CFrameWnd))) {
+    // Windows without an object (the MDI client) are passed through.
+    for (HWND h = win::GetParent(m_hWnd); h != nullptr; h = win::GetParent(h)) {
+        CWnd* w = FromHandle(h);
+        if (w != nullptr && w->IsKindOf(RUNTIME_CLASS(CFrameWnd))) {
             return static_cast<CFrameWnd*>(w);
         }
     }

@@ -35,8 +35,8 @@ BOOL CMDIChildWnd::Create(LPCSTR className, LPCSTR title, DWORD style, const win
     if (r.left == win::CW_USEDEFAULT) {
         r = win::RECT{win::CW_USEDEFAULT, 0, win::CW_USEDEFAULT, 0};
     }
-    return CreateEx(0, className, title, style | win::WS_CHILD, r, frame->m_hWndMDIClient, 0,
-                    context);
+    return CreateUnder(0, className, title, style | win::WS_CHILD, r, frame->m_hWndMDIClient, 0,
+                       context);
 }
 
 BOOL CMDIChildWnd::LoadFrame(UINT id, DWORD style, CWnd* parent, CCreateContext* context) {

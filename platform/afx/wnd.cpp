@@ -137,12 +137,12 @@ BOOL CWnd::Create(LPCSTR className, LPCSTR windowName, DWORD style, const win::R
 
 BOOL CWnd::CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
                     const win::RECT& rect, CWnd* parent, UINT id, win::LPVOID param) {
-    return CreateEx(exStyle, className, windowName, style, rect, parent ? parent->m_hWnd : nullptr,
-                    id, param);
+    return CreateUnder(exStyle, className, windowName, style, rect,
+                       parent ? parent->m_hWnd : nullptr, id, param);
 }
 
-BOOL CWnd::CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
-                    const win::RECT& rect, HWND parent, UINT id, win::LPVOID param) {
+BOOL CWnd::CreateUnder(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
+                       const win::RECT& rect, HWND parent, UINT id, win::LPVOID param) {
     if (m_hWnd != nullptr) {
         return FALSE;
     }

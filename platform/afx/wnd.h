@@ -73,9 +73,6 @@ class CWnd : public CCmdTarget {
     // For a top-level window, parent is the owner and id a menu handle's number.
     BOOL CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
                   const win::RECT& rect, CWnd* parent, UINT id, win::LPVOID param = nullptr);
-    // The same under a window that has no object (the MDI client).
-    BOOL CreateEx(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
-                  const win::RECT& rect, HWND parent, UINT id, win::LPVOID param = nullptr);
     virtual BOOL PreCreateWindow(win::CREATESTRUCT& cs);
     virtual BOOL DestroyWindow();
 
@@ -148,6 +145,10 @@ class CWnd : public CCmdTarget {
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
 
   protected:
+    // CreateEx under a window that has no object (the MDI client).
+    BOOL CreateUnder(DWORD exStyle, LPCSTR className, LPCSTR windowName, DWORD style,
+                     const win::RECT& rect, HWND parent, UINT id, win::LPVOID param);
+
     virtual int OnCreate(win::CREATESTRUCT* cs);
     virtual void OnDestroy();
     virtual void OnNcDestroy();

@@ -146,6 +146,8 @@ void ChildGone(HWND client, HWND child) {
             return;
         }
     }
+    // No child is left to take over: the one going is told that it is no longer active.
+    SendMessage(child, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(child), 0);
 }
 
 }  // namespace

@@ -8,7 +8,8 @@
 //                                last visible child instead
 //   WM_MDIMAXIMIZE, WM_MDIRESTORE, WM_MDIDESTROY (child)
 //   WM_MDIICONARRANGE            lines the minimised children up along the bottom edge
-// When the active child is destroyed, the next visible child becomes active.
+// When the active child is destroyed, the next visible child becomes active; when there
+// is none, the child going is sent WM_MDIACTIVATE with lParam null.
 #pragma once
 
 #include "platform/win/types.h"
