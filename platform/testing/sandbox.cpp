@@ -13,9 +13,11 @@ namespace fs = std::filesystem;
 
 Sandbox::Sandbox() {
     std::string pattern = (fs::temp_directory_path() / "velorand-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+    if (mkdtemp(pattern.data()) == nullptr)
+        throw std::runtime_error("mkdtemp failed");
     root_ = pattern;
-    for (const char* dir : {"c", "config", "tmp", "run"}) fs::create_directories(root_ / dir);
+    for (const char* dir : {"c", "config", "tmp", "run"})
+        fs::create_directories(root_ / dir);
     fs::permissions(root_ / "run", fs::perms::owner_all, fs::perm_options::replace);
     SetEnv("VELORAND_DRIVES", "C=" + (root_ / "c").string());
     SetEnv("VELORAND_PROFILE", (root_ / "config" / "velorand.ini").string());
@@ -50,12 +52,15 @@ void Sandbox::SetEnv(const char* name, const std::string& value) {
     setenv(name, value.c_str(), 1);
 }
 
-fs::path Sandbox::Posix(const std::string& relative) const { return root_ / "c" / relative; }
+fs::path Sandbox::Posix(const std::string& relative) const {
+    return root_ / "c" / relative;
+}
 
 std::string Sandbox::Platform(const std::string& relative) const {
     std::string path = "C:\\" + relative;
     for (char& c : path)
-        if (c == '/') c = '\\';
+        if (c == '/')
+            c = '\\';
     return path;
 }
 
@@ -65,7 +70,9 @@ fs::path Sandbox::Write(const std::string& relative, const std::string& text) co
     return path;
 }
 
-std::string Sandbox::Read(const std::string& relative) const { return ReadFile(Posix(relative)); }
+std::string Sandbox::Read(const std::string& relative) const {
+    return ReadFile(Posix(relative));
+}
 
 std::string ReadFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
@@ -75,7 +82,8 @@ std::string ReadFile(const fs::path& path) {
 }
 
 void WriteFile(const fs::path& path, const std::string& text) {
-    if (path.has_parent_path()) fs::create_directories(path.parent_path());
+    if (path.has_parent_path())
+        fs::create_directories(path.parent_path());
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out << text;
 }

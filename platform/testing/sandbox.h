@@ -13,7 +13,7 @@
 namespace velorand::testing {
 
 class Sandbox {
-public:
+  public:
     Sandbox();
     ~Sandbox();
     Sandbox(const Sandbox&) = delete;
@@ -31,7 +31,7 @@ public:
     // Reads a file below the root whole; empty when it is missing.
     std::string Read(const std::string& relative) const;
 
-private:
+  private:
     void SetEnv(const char* name, const std::string& value);
 
     std::filesystem::path root_;
@@ -40,7 +40,7 @@ private:
 
 // Test fixture giving every test a fresh sandbox.
 class SandboxTest : public ::testing::Test {
-protected:
+  protected:
     Sandbox sandbox;
 };
 

@@ -25,6 +25,8 @@ using LPARAM = std::intptr_t;
 using LRESULT = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using INT_PTR = std::intptr_t;
+using LONG_PTR = std::intptr_t;
+using ATOM = WORD;
 
 inline constexpr BOOL TRUE = 1;
 inline constexpr BOOL FALSE = 0;
