@@ -42,11 +42,6 @@ void CHostApp::UnloadComponent() {
     component_.Unload();
 }
 
-int CHostApp::DoMessageBox(win::LPCSTR prompt, win::UINT type, win::UINT helpId) {
-    CMainFrame* frame = MainFrame();
-    return win::MessageBox(frame ? frame->m_hWnd : nullptr, prompt, m_pszAppName.c_str(), type);
-}
-
 win::BOOL CHostApp::OnCmdMsg(win::UINT id, int code, void* extra, afx::AFX_CMDHANDLERINFO* info) {
     CMainFrame* frame = MainFrame();
     if (code == afx::CN_COMMAND && extra == nullptr && info == nullptr &&

@@ -33,7 +33,6 @@ class CHostApp : public afx::CWinApp {
     // Commands given to the application directly, not along the frame's route.
     const std::vector<win::UINT>& AppCommands() const { return appCommands_; }
 
-    int DoMessageBox(win::LPCSTR prompt, win::UINT type, win::UINT helpId) override;
     win::BOOL OnCmdMsg(win::UINT id, int code, void* extra, afx::AFX_CMDHANDLERINFO* info) override;
 
   private:

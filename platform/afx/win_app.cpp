@@ -160,15 +160,8 @@ void CWinApp::DoWaitCursor(int code) {
 }
 
 int CWinApp::DoMessageBox(win::LPCSTR prompt, UINT type, UINT helpId) {
-    switch (type & 0x0F) {
-        case MB_OKCANCEL:
-        case MB_YESNOCANCEL:
-            return IDCANCEL;
-        case MB_YESNO:
-            return IDNO;
-        default:
-            return IDOK;
-    }
+    win::HWND owner = m_pMainWnd ? m_pMainWnd->m_hWnd : nullptr;
+    return win::MessageBox(owner, prompt, m_pszAppName.c_str(), type);
 }
 
 int CWinApp::Run() {
