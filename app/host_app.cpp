@@ -1,5 +1,8 @@
 #include "app/host_app.h"
 
+#include <exception>
+
+#include "app/project_owner.h"
 #include "platform/afx/doc_template.h"
 #include "platform/win/message_box.h"
 
@@ -9,6 +12,7 @@ CHostApp::CHostApp() : CWinApp("Velorand") {}
 
 CHostApp::~CHostApp() {
     UnloadComponent();
+    CloseAllDocuments(win::TRUE);
     if (CMainFrame* frame = MainFrame()) {
         frame->DestroyWindow();  // the frame deletes itself
     }
@@ -20,6 +24,7 @@ bool CHostApp::CreateMainFrame() {
         return false;  // the frame is gone already
     }
     m_pMainWnd = frame;
+    templates_.Register(*this, *frame);
     return true;
 }
 
@@ -40,6 +45,35 @@ bool CHostApp::LoadComponent(const std::string& name, std::string& error) {
 
 void CHostApp::UnloadComponent() {
     component_.Unload();
+}
+
+int CHostApp::Run() {
+    int exitCode = 0;
+    for (bool running = true; running;) {
+        try {
+            exitCode = CWinApp::Run();
+            running = false;
+        } catch (const std::exception& e) {
+            ReportFatalError(e.what());
+        } catch (...) {
+            ReportFatalError(nullptr);
+        }
+    }
+    return crashed_ ? 1 : exitCode;
+}
+
+void CHostApp::ReportFatalError(const char* what) {
+    if (crashed_) {
+        return;  // the project has been told once; the loop is ending
+    }
+    crashed_ = true;
+    std::string text;
+    if (what != nullptr) {
+        text = std::string("Program will terminate due to an exception:\n") + what + "\n";
+    }
+    CMainFrame* frame = MainFrame();
+    NotifyProject(nullptr, frame ? frame->m_hWnd : nullptr, kHostSender, kFatalError, nullptr, 0,
+                  what != nullptr ? reinterpret_cast<win::LPARAM>(text.c_str()) : 0);
 }
 
 int CHostApp::DoMessageBox(win::LPCSTR prompt, win::UINT type, win::UINT helpId) {
