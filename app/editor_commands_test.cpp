@@ -51,8 +51,9 @@ TEST_F(EditorCommandsTest, SearchFoldersGoFirstOrLastOnceAndLeaveByName) {
     EXPECT_EQ(Script(doc, ":delpathdir C:\\nowhere"), 0);
     EXPECT_EQ(Script(doc, ":path C:\\plain"), 0);
     EXPECT_EQ(folders, (std::vector<std::string>{"C:\\amp", "c:\\LIB"}));
-    EXPECT_EQ(view->Events().back(), "error: \":path\" takes a folder with '+' before or behind "
-                                     "it: C:\\plain");
+    EXPECT_EQ(view->Events().back(),
+              "error: \":path\" takes a folder with '+' before or behind "
+              "it: C:\\plain");
 }
 
 TEST_F(EditorCommandsTest, APropertyGoesToTheSelectedElementOnly) {

@@ -5,6 +5,7 @@
 #include "app/project_owner.h"
 #include "platform/afx/doc_template.h"
 #include "platform/win/message_box.h"
+#include "platform/win/message_queue.h"
 
 namespace velorand::host {
 
@@ -15,6 +16,10 @@ CHostApp::~CHostApp() {
     CloseAllDocuments(win::TRUE);
     if (CMainFrame* frame = MainFrame()) {
         frame->DestroyWindow();  // the frame deletes itself
+    }
+    // What is still queued, the frame's own WM_QUIT among it, ends with the application.
+    win::MSG msg;
+    while (win::PeekMessage(&msg, nullptr, 0, 0, win::PM_REMOVE)) {
     }
 }
 

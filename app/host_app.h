@@ -23,7 +23,8 @@ namespace velorand::host {
 class CHostApp : public afx::CWinApp {
   public:
     CHostApp();
-    // Unloads the component, closes the host's documents, then destroys the main frame.
+    // Unloads the component, closes the host's documents, destroys the main frame, and
+    // drops the messages still queued.
     ~CHostApp() override;
 
     // Makes the main frame, titled "Velorand", and the host's document templates; false

@@ -5,6 +5,7 @@
 #include "app/host_messages.h"
 #include "app/netlist_view.h"
 #include "app/testing/host_fixture.h"
+#include "app/text_document.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/win/window_props.h"
 
@@ -16,8 +17,8 @@ class HostTemplatesTest : public testing::HostTest {
     // Opens the netlist as the project does: through the template that the main window
     // publishes for the simulator, without showing it.
     afx::CDocument* OpenNetlist(int simulator, const std::string& relative) {
-        auto* tmpl = reinterpret_cast<afx::CDocTemplate*>(win::GetProp(
-            frame->m_hWnd, ("SimulatorTemplate" + std::to_string(simulator)).c_str()));
+        auto* tmpl = reinterpret_cast<afx::CDocTemplate*>(
+            win::GetProp(frame->m_hWnd, ("SimulatorTemplate" + std::to_string(simulator)).c_str()));
         if (tmpl == nullptr) {
             return nullptr;
         }
@@ -82,13 +83,12 @@ TEST_F(HostTemplatesTest, TheNetlistOpensUnseenAnnouncesItselfAndAnswersTheProje
     // During a tuning run the project asks the netlist's frame instead of a translator.
     afx::CFrameWnd* netFrame = view->GetParentFrame();
     netFrame->SendMessage(win::WM_COMMAND, ID_TUNING_NETLIST, 9998);
-    EXPECT_EQ(view->Events(),
-              (std::vector<std::string>{"notify 235 from 100 option 1 \"Close\"",
-                                        "notify 334 from 100 option 1",
-                                        "notify 235 from 100 option 1 \"Close\"",
-                                        "notify 334 from 100 option 1",
-                                        "notify 235 from 100 option 1 \"Close\"", "netlist reread",
-                                        "tuning netlist request"}));
+    EXPECT_EQ(
+        view->Events(),
+        (std::vector<std::string>{
+            "notify 235 from 100 option 1 \"Close\"", "notify 334 from 100 option 1",
+            "notify 235 from 100 option 1 \"Close\"", "notify 334 from 100 option 1",
+            "notify 235 from 100 option 1 \"Close\"", "netlist reread", "tuning netlist request"}));
 }
 
 TEST_F(HostTemplatesTest, ARenamedSchematicIsCarriedIntoTheSimulatorsReport) {
@@ -96,18 +96,22 @@ TEST_F(HostTemplatesTest, ARenamedSchematicIsCarriedIntoTheSimulatorsReport) {
     sandbox.Write("amp/amp.vrp", "Report of C:\\amp\\stage.sch\nsee c:\\AMP\\STAGE.SCH too\n");
     afx::CDocument* doc = OpenNetlist(0, "amp/amp.ckt");
     ASSERT_NE(doc, nullptr);
-    const std::string text = "C:\\amp\\stage.sch+C:\\amp\\gain.sch+" + sandbox.Platform("amp/amp.vrp");
+    const std::string text =
+        "C:\\amp\\stage.sch+C:\\amp\\gain.sch+" + sandbox.Platform("amp/amp.vrp");
     afx::CFrameWnd* netFrame = ViewOf(doc)->GetParentFrame();
-    EXPECT_EQ(netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>(text.c_str())),
-              1);
+    EXPECT_EQ(
+        netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>(text.c_str())),
+        1);
     EXPECT_EQ(sandbox.Read("amp/amp.vrp"),
               "Report of C:\\amp\\gain.sch\nsee C:\\amp\\gain.sch too\n");
 
     const std::string gone = "C:\\a.sch+C:\\b.sch+" + sandbox.Platform("amp/none.vrp");
-    EXPECT_EQ(netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>(gone.c_str())),
-              0);
-    EXPECT_EQ(netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>("C:\\a.sch")),
-              0);
+    EXPECT_EQ(
+        netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>(gone.c_str())),
+        0);
+    EXPECT_EQ(
+        netFrame->SendMessage(PM_RENAME_REFERENCE, 0, reinterpret_cast<win::LPARAM>("C:\\a.sch")),
+        0);
     EXPECT_EQ(ViewOf(doc)->Events().back(),
               "error: A rename reference takes \"<old>+<new>+<report>\": C:\\a.sch");
 }

@@ -30,7 +30,8 @@ NotifyOutcome NotifyProject(win::HWND owner, win::HWND from, int sender, win::UI
         return {};
     }
     ProjectNotify record;
-    std::memset(static_cast<void*>(&record), 0, sizeof record);  // the padding too: the record goes out whole
+    std::memset(static_cast<void*>(&record), 0,
+                sizeof record);  // the padding too: the record goes out whole
     record.hwndFrom = from;
     record.idFrom = static_cast<win::UINT_PTR>(sender);
     record.code = code;

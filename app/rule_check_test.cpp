@@ -6,6 +6,7 @@
 
 #include "app/host_messages.h"
 #include "app/testing/host_fixture.h"
+#include "app/text_document.h"
 #include "platform/win/current_directory.h"
 #include "platform/win/paths.h"
 
@@ -23,8 +24,8 @@ TEST(RuleCheckRulesTest, FindsLooseNodesTwiceUsedNamesAndNamelessElements) {
                                       "use CAP C=1pF",
                                       "w titleblk 0 0 0"};
     EXPECT_EQ(CheckRules(lines),
-              (std::vector<std::string>{"Line 6: the element has no instance name.",
-                                        "Element r1: the instance name is used twice.",
+              (std::vector<std::string>{"Element r1: the instance name is used twice.",
+                                        "Line 6: the element has no instance name.",
                                         "Node dangling: connected to C1 only."}));
     EXPECT_EQ(RuleCheckReport("C:\\a\\amp.sch", {"Node x: connected to R1 only."}),
               "Electrical rule check of C:\\a\\amp.sch\nQC/ERC\n1 errors\n"
@@ -40,7 +41,8 @@ TEST(RuleCheckRulesTest, TheExampleProjectsSchematicsAreClean) {
         }
         std::vector<std::string> lines;
         std::string error;
-        ASSERT_TRUE(CTextDocument::ReadLines(win::PlatformPath(entry.path().string()), lines, error))
+        ASSERT_TRUE(
+            CTextDocument::ReadLines(win::PlatformPath(entry.path().string()), lines, error))
             << error;
         EXPECT_EQ(CheckRules(lines), std::vector<std::string>{}) << entry.path();
         ++checked;

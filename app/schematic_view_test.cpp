@@ -27,7 +27,8 @@ TEST_F(SchematicViewTest, AnOpenedSchematicTellsItsOwnerEachStepOfItsLife) {
     // The project answers the title request with the title of a project's document.
     owner->answer = [](ProjectNotify& record) {
         if (record.code == 234) {
-            std::string title = std::string("amp - ") + reinterpret_cast<const char*>(record.argument);
+            std::string title =
+                std::string("amp - ") + reinterpret_cast<const char*>(record.argument);
             record.document->SetTitle(title.c_str());
         }
     };
@@ -47,7 +48,8 @@ TEST_F(SchematicViewTest, AnOpenedSchematicTellsItsOwnerEachStepOfItsLife) {
     ASSERT_TRUE(doc->OnSaveDocument(work.c_str()));
     doc->SetModifiedFlag(modified);
     doc->SetPathName(real.c_str(), win::TRUE);
-    EXPECT_NE(sandbox.Read("amp/amp.~PT/amp.sch").find("use PORT P2 out Z=75\n"), std::string::npos);
+    EXPECT_NE(sandbox.Read("amp/amp.~PT/amp.sch").find("use PORT P2 out Z=75\n"),
+              std::string::npos);
     EXPECT_EQ(sandbox.Read("amp/amp.sch"), kSheet);
     EXPECT_EQ(doc->GetPathName(), real);
     EXPECT_TRUE(doc->IsModified());
@@ -60,11 +62,10 @@ TEST_F(SchematicViewTest, AnOpenedSchematicTellsItsOwnerEachStepOfItsLife) {
 
     const win::HWND from = view->m_hWnd;
     doc->OnCloseDocument();
-    EXPECT_EQ(owner->received,
-              (std::vector<Received>{{from, 105, 200, doc, 0, ""},
-                                     {from, 105, 234, doc, 0, "amp.sch"},
-                                     {from, 105, 202, doc, 0, ""},
-                                     {from, 105, 201, doc, 0, ""}}));
+    EXPECT_EQ(owner->received, (std::vector<Received>{{from, 105, 200, doc, 0, ""},
+                                                      {from, 105, 234, doc, 0, "amp.sch"},
+                                                      {from, 105, 202, doc, 0, ""},
+                                                      {from, 105, 201, doc, 0, ""}}));
 }
 
 TEST_F(SchematicViewTest, TheOwnerThatTheProjectGivesTheViewTakesThePropertysPlace) {
@@ -137,20 +138,15 @@ TEST_F(SchematicViewTest, TheProjectsRecordsAreRunAnsweredAndKept) {
     EXPECT_FALSE(view->Locked());
     CSchematicDoc* sheet = view->GetSchematic();
     EXPECT_EQ(sheet->Lines()[sheet->FindElement("X1")], "use stage2 X1 rfin out vcc Amp=10");
-    EXPECT_EQ(view->Events(),
-              (std::vector<std::string>{"notify 304 from 100 option 0",
-                                        "locked",
-                                        "notify 310 from 100 option 0 \":unselect\"",
-                                        "notify 310 from 100 option 0 \":findsymbol X1\"",
-                                        "notify 310 from 100 option 0 \":property T Amp :10\"",
-                                        "notify 304 from 100 option 1",
-                                        "unlocked",
-                                        "notify 225 from 100 option 0 \":redraw\"",
-                                        "redraw",
-                                        "notify 246 from 100 option 0 \"STAGE\"",
-                                        "notify 246 from 100 option 0 \"bias\"",
-                                        "notify 240 from 100 option 0 \"stage stage2 C:\\amp\\\"",
-                                        "renamed stage to stage2"}));
+    EXPECT_EQ(
+        view->Events(),
+        (std::vector<std::string>{
+            "notify 304 from 100 option 0", "locked", "notify 310 from 100 option 0 \":unselect\"",
+            "notify 310 from 100 option 0 \":findsymbol X1\"",
+            "notify 310 from 100 option 0 \":property T Amp :10\"", "notify 304 from 100 option 1",
+            "unlocked", "notify 225 from 100 option 0 \":redraw\"", "redraw",
+            "notify 246 from 100 option 0 \"STAGE\"", "notify 246 from 100 option 0 \"bias\"",
+            "notify 240 from 100 option 0 \"stage stage2 C:\\amp\\\"", "renamed stage to stage2"}));
 }
 
 TEST_F(SchematicViewTest, AFileThatIsNoSchematicOrIsMissingOpensNothingAndSaysWhy) {
@@ -162,7 +158,8 @@ TEST_F(SchematicViewTest, AFileThatIsNoSchematicOrIsMissingOpensNothingAndSaysWh
     EXPECT_EQ(Open("old.sch"), nullptr);
     EXPECT_EQ(frame->StatusText(), "Unable to open " + sandbox.Platform("old.sch") +
                                        ": its second line is not \"ver\" and a number.");
-    sandbox.Write("long.sch", "[schematic2]\nver 40\n[detail]\nl 0 0 " + std::string(600, 'x') + "\n");
+    sandbox.Write("long.sch",
+                  "[schematic2]\nver 40\n[detail]\nl 0 0 " + std::string(600, 'x') + "\n");
     EXPECT_EQ(Open("long.sch"), nullptr);
     EXPECT_EQ(frame->StatusText(), "Unable to open " + sandbox.Platform("long.sch") +
                                        ": line 4 is longer than 599 characters.");

@@ -13,7 +13,6 @@
 #include "platform/afx/document.h"
 #include "platform/afx/wnd.h"
 #include "platform/testing/sandbox.h"
-#include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
 #include "platform/win/window_props.h"
 
@@ -70,10 +69,6 @@ class HostTest : public velorand::testing::SandboxTest {
         win::SetProp(frame->m_hWnd, "Project", reinterpret_cast<win::HANDLE>(owner->m_hWnd));
     }
     ~HostTest() override {
-        // Nothing of this test may reach the next one through the message queue.
-        win::MSG msg;
-        while (win::PeekMessage(&msg, nullptr, 0, 0, win::PM_REMOVE)) {
-        }
         app.CloseAllDocuments(win::TRUE);
         delete owner;
     }
