@@ -4,7 +4,6 @@
 #include <string>
 
 #include "core/project_doc.h"
-#include "core/testing/netlist_template.h"
 #include "core/testing/project_fixture.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/mdi_child_wnd.h"
@@ -16,14 +15,10 @@
 namespace velorand {
 namespace {
 
-using testing::NetlistTemplate;
-
 class WindowLayoutTest : public testing::ProjectTest {
   protected:
     void SetUp() override {
         ProjectTest::SetUp();
-        hostDocs = std::make_unique<NetlistTemplate>(mainWnd);
-        mainWnd->ShowWindow(win::SW_SHOW);  // as the host's frame is by the time of a load
         doc = MakeDocument();
         doc->projectID = "amp";
         doc->location = "C:\\proj\\";
@@ -32,14 +27,9 @@ class WindowLayoutTest : public testing::ProjectTest {
         doc->SetPathName(projectFile.c_str(), win::FALSE);
     }
 
-    void TearDown() override {
-        hostDocs.reset();
-        ProjectTest::TearDown();
-    }
-
     // A host document of the project, in its own child frame, hidden as during a load.
     afx::CDocument* Open(const std::string& relative, bool visible = false) {
-        afx::CDocument* hostDoc = hostDocs->Get()->OpenDocumentFile(
+        afx::CDocument* hostDoc = sheetTemplate->OpenDocumentFile(
             WriteFile(relative, "x\n").c_str(), visible ? win::TRUE : win::FALSE);
         EXPECT_NE(hostDoc, nullptr);
         doc->openDocs.push_back(hostDoc);
@@ -71,7 +61,6 @@ class WindowLayoutTest : public testing::ProjectTest {
 
     std::string ProjectText() const { return sandbox.Read("proj/amp.vpj"); }
 
-    std::unique_ptr<NetlistTemplate> hostDocs;
     CProjectDoc* doc = nullptr;
     std::string projectFile;
 };
@@ -134,9 +123,9 @@ TEST_F(WindowLayoutTest, AnotherUsersSessionKeepsNoWindowsAndItsDocumentationFil
 }
 
 TEST_F(WindowLayoutTest, ADocumentWithoutPathOrFrameGetsNoLine) {
-    afx::CDocument* untitled = hostDocs->Get()->OpenDocumentFile(nullptr, win::FALSE);
+    afx::CDocument* untitled = sheetTemplate->OpenDocumentFile(nullptr, win::FALSE);
     ASSERT_NE(untitled, nullptr);
-    testing::CNetlistDoc viewless;
+    testing::CSheetDoc viewless;
     viewless.SetPathName(sandbox.Platform("proj/c.ckt").c_str(), win::FALSE);
     doc->openDocs = {untitled, &viewless};
     doc->SaveWindowLayout();
