@@ -228,7 +228,10 @@ TEST_F(SimulatorTemplateTest, WithoutAPublishedTemplateTheApplicationChoosesOne)
     CProjectDoc* doc = MakeProject();
     EXPECT_EQ(doc->OpenSimulatorTemplate(), 1);
     ASSERT_NE(doc->templateDoc, nullptr);
-    EXPECT_EQ(doc->templateDoc->GetDocTemplate(), netlists.Get());
+    // The application picks a template by the file's extension: one for netlists.
+    std::string extension;
+    doc->templateDoc->GetDocTemplate()->GetDocString(extension, afx::CDocTemplate::filterExt);
+    EXPECT_EQ(extension, ".ckt");
 }
 
 TEST_F(SimulatorTemplateTest, TheTemplatesViewIsAskedWithTheComponentsRecord) {
