@@ -23,13 +23,15 @@ CHostApp::~CHostApp() {
     }
 }
 
-bool CHostApp::CreateMainFrame() {
+bool CHostApp::CreateMainFrame(bool withDocumentTemplates) {
     auto* frame = new CMainFrame;
     if (!frame->Create("Velorand")) {
         return false;  // the frame is gone already
     }
     m_pMainWnd = frame;
-    templates_.Register(*this, *frame);
+    if (withDocumentTemplates) {
+        templates_.Register(*this, *frame);
+    }
     return true;
 }
 

@@ -27,9 +27,9 @@ class CHostApp : public afx::CWinApp {
     // drops the messages still queued.
     ~CHostApp() override;
 
-    // Makes the main frame, titled "Velorand", and the host's document templates; false
-    // when the frame cannot be made.
-    bool CreateMainFrame();
+    // Makes the main frame, titled "Velorand", and, unless told not to, the host's document
+    // templates (a test may bring its own); false when the frame cannot be made.
+    bool CreateMainFrame(bool withDocumentTemplates = true);
     CMainFrame* MainFrame() const;
     const HostTemplates& Templates() const { return templates_; }
 

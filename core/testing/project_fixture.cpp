@@ -18,7 +18,8 @@ ProjectTest::~ProjectTest() {
 }
 
 void ProjectTest::SetUp() {
-    ASSERT_TRUE(app.CreateMainFrame());
+    // The component's tests open their files as the fixture's own sheets.
+    ASSERT_TRUE(app.CreateMainFrame(false));
     mainWnd = app.MainFrame();
     mainWnd->ShowWindow(win::SW_SHOW);
     sheetTemplate = std::make_unique<CSheetTemplate>();
