@@ -1,0 +1,235 @@
+// CProjectDoc: the one project document. It holds all that the component knows of the
+// open project; the other parts of the component are operations on it. The host's
+// documents, views and frames are only pointed at, never owned.
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/afx/document.h"
+#include "platform/afx/file.h"
+#include "platform/afx/menu.h"
+#include "platform/win/message_box.h"
+#include "platform/win/types.h"
+#include "tools/schematic_node.h"
+
+namespace afx {
+class CComboBox;
+class CFrameWnd;
+class CView;
+class CWnd;
+}  // namespace afx
+
+namespace velorand {
+
+class CProjectView;
+class SimulatorInfo;
+struct ProjectNotify;
+
+class CProjectDoc : public afx::CDocument {
+    DECLARE_DYNCREATE(CProjectDoc)
+  public:
+    // Made by the document template; reads the profile values, finds where the suite's
+    // settings are kept, and asks "qvxtools" whether the suite runs its command tests.
+    CProjectDoc();
+    // Frees what the document owns; the project's files are not touched.
+    ~CProjectDoc() override;
+
+    // The host's main frame: receives every message of the component, owns the boxes.
+    afx::CWnd* mainWnd = nullptr;
+    afx::CWnd* treeFrame = nullptr;  // parent window of treeView
+    CProjectView* treeView = nullptr;
+    // Lower-cased schematic name to its record; the records are owned.
+    std::map<std::string, SchematicNode> schematics;
+    std::map<std::string, std::string> workFiles;  // work file path to real file path
+    // The host's documents of this project: schematics and symbols at the head.
+    std::list<afx::CDocument*> openDocs;
+    std::list<std::string> mruFiles;  // the files of [MRU List], while a file is read
+    win::HMENU hostMenu = nullptr;
+    win::HMENU savedFrameMenu = nullptr;
+    win::HMENU templateMenu = nullptr;
+    afx::CMenu layoutMenu;
+    afx::CMenu partsMenu;
+    afx::CDocument* templateDoc = nullptr;
+    afx::CDocument* topDoc = nullptr;
+    afx::CDocument* activeDoc = nullptr;
+    std::string projectID;
+    std::string topLevelSchematic;
+    std::string netlistFile;
+    std::string toolLogFile;
+    std::string location;  // ends in a backslash
+    std::string workFolder;
+    std::string relativePath;
+    std::uint32_t projectVersion = 0;  // whatever the file says; nothing hangs on it
+    std::int32_t simulator = -1;
+    win::UINT replayCode = 0;
+    std::int32_t lastLibIndex = 0;
+    win::BOOL busy = 0;
+    win::BOOL autoOpenFile = 1;      // profile "AutoOpenFile"
+    win::BOOL showFileList = 0;      // profile "ShowFileList"
+    win::BOOL templateDisabled = 0;  // profile "DisableQT"; also the template's guard
+    win::BOOL projectDlgOpen = 0;
+    win::BOOL treeValid = 1;
+    win::BOOL toolsEnabled = 0;  // profile "SkipNetlist" 0
+    win::BOOL ownWorkFolder = 0;
+    win::BOOL foreignOwner = 0;
+    win::BOOL outputsReadOnly = 0;
+    win::BOOL tuning = 0;
+    win::BOOL savingAll = 0;
+    win::BOOL treeStale = 0;
+    win::BOOL commandTest = 0;
+    std::unique_ptr<SimulatorInfo> simulatorInfo;
+    win::BOOL reportToolLog = 1;
+    char line[600] = {};  // the buffer of every line read for the document
+    std::ifstream treeStream;
+    std::string profileSection = "Project";
+    // The last key of the suite's registry path, or the settings file's name.
+    std::string appKey;
+    // The registry path under "Software"; none when the settings come from a file.
+    std::optional<std::string> registryKey = "Dravik\\Velorand VX\\8.5";
+    afx::CFile lockFile;
+    win::BOOL lockHeld = 0;
+    win::HTREEITEM docTreeItem = nullptr;
+    std::vector<std::unique_ptr<std::string>> pdfFiles;  // tree items point at the strings
+    std::string dateCreated;
+    std::vector<std::string> searchPaths;
+
+    // --- Entry and document ---
+
+    // True if this document or any document of the project is modified; the child frame
+    // that was active before the question is active again after it.
+    win::BOOL IsModified() override;
+    // Sets the flag, nothing more.
+    void SetModifiedFlag(win::BOOL modified = win::TRUE) override;
+    // Forgets the documents and schematic records and deletes the tree's leftovers.
+    void DeleteContents() override;
+    // Brings the active schematic's frame up, else the template's, else the next child.
+    virtual void ActivateNextWindow();
+
+    // A line on the host's status line.
+    void StatusMessage(const std::string& text) const;
+    // A message box owned by the main frame; a null caption is the component's own.
+    int ProjectMessageBox(const std::string& text, const char* caption = nullptr,
+                          win::UINT flags = win::MB_OK) const;
+    // The first view of a document, null if it has none.
+    static afx::CView* GetFirstDocView(afx::CDocument* doc);
+    // The frame of a document's first view, null if none; with notify the view is told
+    // (code 309) that it is asked for.
+    afx::CFrameWnd* GetDocFrame(afx::CDocument* doc, win::BOOL notify) const;
+    // True if the document still has a live frame.
+    win::BOOL IsDocAlive(afx::CDocument* doc) const;
+    // A value of the suite's settings: the registry tree, or the settings file without it.
+    std::string GetSuiteProfileString(const char* section, const char* entry,
+                                      const char* defaultValue) const;
+
+    // --- Project file ---
+
+    // Reads the project file line by line into the fields and mruFiles; 0 when it can't be
+    // opened or the simulator test fails. `owner` gets the file's Owner line.
+    int ReadProjectFile(const char* path, std::string& owner);
+    // Writes the whole of [Project] and the search paths by key into the path name's file.
+    void WriteProjectKeys();
+    // relativePath: the way from the project file's folder to the top schematic's folder.
+    void ComputeRelativePath();
+
+    // --- Search paths ---
+
+    // Reads SearchPath0.. of the path name's file into `out` and searchPaths; 1.
+    int LoadSearchPaths(std::vector<std::string>& out);
+    // Writes the list as SearchPath0.. into the file and copies it to searchPaths; 1.
+    int StoreSearchPaths(const char* file, const std::vector<std::string>& list);
+    // Opens the top level schematic in the host as the editor's channel; 1 or 0.
+    int OpenTopSchematic();
+    // Tells the schematic editor to forget the project's search paths.
+    void SendRemovePaths();
+    // Tells the schematic editor the project's search paths.
+    void SendAddPaths();
+    // "<folder>+<symbol file>": adds a picked symbol's folder to the search paths; 1 if
+    // the list changed. Writes into the text.
+    int AddSymbolSearchPath(char* text);
+    // Warns that a project schematic was saved under a new name.
+    void WarnSaveAsNewName();
+
+    // --- Work files ---
+
+    // The work file of a path (the work folder exists afterwards); empty for null.
+    std::string GetWorkFile(const char* path);
+    // Copies the document's real file over its work file; 1, or 0 without a file.
+    int RefreshWorkFile(afx::CDocument* doc);
+    // Writes the document into its work file; it stays modified and on its real path.
+    int SaveToWorkFile(afx::CDocument* doc);
+    // The real path of a path that may lie in a work folder.
+    void GetRealFile(const char* path, std::string& out) const;
+    // Deletes folder + name if it is an output file; 1 if it was one.
+    int DeleteOutputFile(const char* folder, const char* name);
+    // Deletes a folder's files that match the pattern and tries to remove it; 0 if refused.
+    int CleanFolder(const char* folder, const char* pattern);
+    // Empties and removes a work folder (the project's own when null).
+    int RemoveWorkFolder(const char* folder);
+    // Moves base.sch and base.sym into the work folder; 1 if both moved.
+    int SetAsideSchematic(const char* base);
+    // Moves the work copies of base.sch and base.sym back.
+    void RestoreSchematic(const char* base);
+
+    // --- Simulators and templates ---
+
+    // The simulator test at the Simulator line: reads the index into simulator, makes
+    // simulatorInfo and checks it against the installed simulators; 1 passes, 0 fails.
+    int TestSimulator(const char* value);
+    // Fills the combo box with the installed simulators' templates; 0 without any.
+    int FillSimulatorList(afx::CComboBox& combo);
+    // Makes the netlist file with its header if it is missing; 0 if tools are off or it
+    // can't be made.
+    int WriteNetlistHeader();
+    // Opens the simulator template document; 1 opened, 0 failed, -1 disabled.
+    int OpenSimulatorTemplate();
+    // The template document has gone: forgets it and gives the frame its menu back; 1.
+    int ForgetSimulatorTemplate();
+    // Asks the template's view (code 334); 0 without a view.
+    win::LRESULT QueryTemplateView(win::LPARAM value);
+    // Asks the template's view whether it may close (code 235); 1 without a view.
+    win::LRESULT CanCloseTemplate();
+    // Takes the host's menu of the record and adds the Layout and Parts menus.
+    void SetupTemplateMenus(ProjectNotify* record);
+    // Merges the template's menus into the host menu that is about to show.
+    void MergeTemplateMenus(ProjectNotify* record);
+
+    // --- Window layout ---
+
+    // Stores the open files with their windows and the documentation files.
+    void SaveWindowLayout();
+    // Writes one [MRU List] line for the document's window.
+    void SaveWindow(afx::CDocument* doc, const char* file);
+    // Shows the tree pane and brings all windows of openDocs to their places.
+    void RestoreWindows();
+    // Places one document's window as the file's [MRU List] says.
+    void RestoreWindow(afx::CDocument* doc, const char* file);
+    // The show state for child windows from the profile, 9 if missing.
+    int GetChildShowCmd();
+    // Stores 3 if the active child frame is maximised, else 9.
+    void StoreChildShowCmd();
+
+    // --- Schematic records ---
+
+    // Opens a file of the project, or brings up its open document; null on failure.
+    afx::CDocument* OpenFile(const char* path, int force);
+    // The record of a name or a path of the same file; null if there is none.
+    SchematicNode* FindSchematicByPath(const char* nameOrPath);
+
+  private:
+    // appKey and registryKey: the registry tree when it has a "Simulator" value, else the
+    // application's settings file.
+    void ChooseSettingsStore();
+    // HKEY_LOCAL_MACHINE\Software\<registryKey>\<appKey>, made when missing; null on failure.
+    win::HKEY GetSuiteRegistryKey() const;
+    // The section's key below it, made when missing; null on failure.
+    win::HKEY GetSuiteSectionKey(const char* section) const;
+};
+
+}  // namespace velorand

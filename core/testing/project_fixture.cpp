@@ -1,0 +1,65 @@
+#include "core/testing/project_fixture.h"
+
+#include <stdlib.h>
+
+#include "platform/afx/frame_wnd.h"
+#include "views/project_view.h"
+
+namespace velorand::testing {
+
+ProjectTest::ProjectTest() {
+    // The sandbox gives the library path back at its end; the log goes with the sandbox.
+    setenv("VELORAND_LIBRARY_PATH", VELORAND_SIBLINGS_DIR, 1);
+    setenv("VELORAND_SUITE_LOG", (sandbox.Root() / "suite.log").c_str(), 1);
+}
+
+ProjectTest::~ProjectTest() {
+    unsetenv("VELORAND_SUITE_LOG");
+}
+
+void ProjectTest::SetUp() {
+    ASSERT_TRUE(app.CreateMainFrame());
+    mainWnd = app.MainFrame();
+    Relink();
+}
+
+void ProjectTest::TearDown() {
+    app.UnloadComponent();
+    projectTemplate = nullptr;
+}
+
+void ProjectTest::Relink() {
+    app.UnloadComponent();
+    std::string error;
+    ASSERT_TRUE(app.LoadComponent("velorand_project", error)) << error;
+    projectTemplate = dynamic_cast<CProjectDocTemplate*>(app.GetComponent().Template());
+    ASSERT_NE(projectTemplate, nullptr);
+}
+
+CProjectDoc* ProjectTest::MakeDocument() {
+    auto* doc = dynamic_cast<CProjectDoc*>(projectTemplate->CreateNewDocument());
+    if (doc == nullptr) {
+        return nullptr;
+    }
+    afx::CFrameWnd* frame = projectTemplate->CreateNewFrame(doc, nullptr);
+    if (frame == nullptr) {
+        delete doc;
+        return nullptr;
+    }
+    projectTemplate->InitialUpdateFrame(frame, doc, win::FALSE);
+    doc->treeView = dynamic_cast<CProjectView*>(CProjectDoc::GetFirstDocView(doc));
+    doc->treeFrame = frame;
+    projectTemplate->currentDoc = doc;
+    return doc;
+}
+
+std::string ProjectTest::WriteFile(const std::string& relative, const std::string& text) const {
+    sandbox.Write(relative, text);
+    return sandbox.Platform(relative);
+}
+
+std::string ProjectTest::SuiteLog() const {
+    return ReadFile(sandbox.Root() / "suite.log");
+}
+
+}  // namespace velorand::testing

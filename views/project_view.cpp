@@ -1,0 +1,7 @@
+#include "views/project_view.h"
+
+namespace velorand {
+
+IMPLEMENT_DYNCREATE(CProjectView, CView)
+
+}  // namespace velorand
