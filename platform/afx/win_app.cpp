@@ -7,6 +7,7 @@
 #include "platform/afx/document.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/view.h"
+#include "platform/win/app_profile.h"
 #include "platform/win/cursor.h"
 #include "platform/win/message_queue.h"
 
@@ -117,6 +118,32 @@ void CWinApp::AddToRecentFileList(win::LPCSTR path) {
     if (m_recentFiles.size() > m_nMaxMRU) {
         m_recentFiles.resize(m_nMaxMRU);
     }
+}
+
+UINT CWinApp::GetProfileInt(win::LPCSTR section, win::LPCSTR entry, int defaultValue) {
+    return win::GetProfileInt(section, entry, defaultValue);
+}
+
+BOOL CWinApp::WriteProfileInt(win::LPCSTR section, win::LPCSTR entry, int value) {
+    return win::WriteProfileInt(section, entry, value);
+}
+
+std::string CWinApp::GetProfileString(win::LPCSTR section, win::LPCSTR entry,
+                                      win::LPCSTR defaultValue) {
+    // A value that fills the buffer may have been cut: ask again with more room.
+    for (win::DWORD size = 256;; size *= 2) {
+        std::string buffer(size, '\0');
+        win::DWORD n = win::GetProfileString(section, entry, defaultValue ? defaultValue : "",
+                                             buffer.data(), size);
+        if (n + 1 < size || size >= (1u << 24)) {
+            buffer.resize(n);
+            return buffer;
+        }
+    }
+}
+
+BOOL CWinApp::WriteProfileString(win::LPCSTR section, win::LPCSTR entry, win::LPCSTR value) {
+    return win::WriteProfileString(section, entry, value);
 }
 
 void CWinApp::WinHelp(win::DWORD data, UINT command) {

@@ -64,6 +64,14 @@ class CWinApp : public CCmdTarget {
     virtual void AddToRecentFileList(win::LPCSTR path);
     const std::vector<std::string>& GetRecentFileList() const { return m_recentFiles; }
 
+    // The application's profile (win/app_profile.h).
+    UINT GetProfileInt(win::LPCSTR section, win::LPCSTR entry, int defaultValue);
+    BOOL WriteProfileInt(win::LPCSTR section, win::LPCSTR entry, int value);
+    // The value whole, however long; the default when it is missing.
+    std::string GetProfileString(win::LPCSTR section, win::LPCSTR entry,
+                                 win::LPCSTR defaultValue = nullptr);
+    BOOL WriteProfileString(win::LPCSTR section, win::LPCSTR entry, win::LPCSTR value);
+
     // Help is not shown; the calls are kept, in order.
     virtual void WinHelp(win::DWORD data, UINT command = HELP_CONTEXT);
     const std::vector<WinHelpCall>& GetWinHelpCalls() const { return m_winHelpCalls; }

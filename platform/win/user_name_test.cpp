@@ -19,8 +19,9 @@ TEST_F(UserNameTest, FollowsThePlatformsBufferRules) {
     DWORD size = sizeof name;
     ASSERT_TRUE(GetUserName(name, &size));
     EXPECT_EQ(size, std::string(name).size() + 1);
-    if (passwd* entry = getpwuid(geteuid()))
+    if (passwd* entry = getpwuid(geteuid())) {
         EXPECT_EQ(std::string(name), entry->pw_name);
+    }
 
     DWORD needed = size;
     char small[1] = {'x'};
