@@ -23,6 +23,7 @@ afx::CDocTemplate* LinkProjectDll() {
         return theTemplate;
     }
     RegisterComponentResources();
+    AttachToolGroupKit();
     {
         ComponentResourceScope resources;
         theTemplate =
@@ -46,5 +47,6 @@ int UnlinkProjectDll() {
         delete theTemplate;
         theTemplate = nullptr;
     }
+    velorand::DetachToolGroupKit();
     return 0;
 }

@@ -6,49 +6,52 @@ namespace velorand {
 
 namespace {
 
-constexpr char kLibrary[] = "ToolGroupKit";
+win::HMODULE toolGroupKit = nullptr;
 
-// Calls the export with the arguments while the library is loaded; `fallback` when it
-// can't be had.
-template <class Result, class... Args>
-Result Call(const char* name, Result fallback, Args... args) {
-    win::HMODULE module = win::LoadLibrary(kLibrary);
-    if (module == nullptr) {
-        return fallback;
+// The export as a function of the given type, or null.
+template <class Function>
+Function Export(const char* name) {
+    if (toolGroupKit == nullptr) {
+        return nullptr;
     }
-    Result result = fallback;
-    if (auto proc = reinterpret_cast<Result (*)(Args...)>(win::GetProcAddress(module, name))) {
-        result = proc(args...);
-    }
-    win::FreeLibrary(module);
-    return result;
-}
-
-template <class... Args>
-void CallVoid(const char* name, Args... args) {
-    win::HMODULE module = win::LoadLibrary(kLibrary);
-    if (module == nullptr) {
-        return;
-    }
-    if (auto proc = reinterpret_cast<void (*)(Args...)>(win::GetProcAddress(module, name))) {
-        proc(args...);
-    }
-    win::FreeLibrary(module);
+    return reinterpret_cast<Function>(win::GetProcAddress(toolGroupKit, name));
 }
 
 }  // namespace
 
+void AttachToolGroupKit() {
+    if (toolGroupKit == nullptr) {
+        toolGroupKit = win::LoadLibrary("ToolGroupKit");
+    }
+}
+
+void DetachToolGroupKit() {
+    if (toolGroupKit != nullptr) {
+        win::FreeLibrary(toolGroupKit);
+        toolGroupKit = nullptr;
+    }
+}
+
 int RegisterToolGroup(const char* group, const char* title, win::HINSTANCE instance,
                       const win::UINT* ids, win::UINT count, win::SIZE* sizes) {
-    return Call<int>("RegisterToolGroup", 0, group, title, instance, ids, count, sizes);
+    using Proc =
+        int (*)(const char*, const char*, win::HINSTANCE, const win::UINT*, win::UINT, win::SIZE*);
+    auto proc = Export<Proc>("RegisterToolGroup");
+    return proc != nullptr ? proc(group, title, instance, ids, count, sizes) : 0;
 }
 
 void LoadToolGroup(const char* group, win::HINSTANCE instance, afx::CWnd* frame, win::UINT id) {
-    CallVoid("LoadToolGroup", group, instance, frame, id);
+    using Proc = void (*)(const char*, win::HINSTANCE, afx::CWnd*, win::UINT);
+    if (auto proc = Export<Proc>("LoadToolGroup")) {
+        proc(group, instance, frame, id);
+    }
 }
 
 void UnloadToolGroup(const char* group, int finally) {
-    CallVoid("UnloadToolGroup", group, finally);
+    using Proc = void (*)(const char*, int);
+    if (auto proc = Export<Proc>("UnloadToolGroup")) {
+        proc(group, finally);
+    }
 }
 
 }  // namespace velorand

@@ -1,5 +1,6 @@
-// Calls into ToolGroupKit, the suite's tool bar library. Each call loads the library by
-// name, calls its export and frees it again; a missing library or export does nothing.
+// Calls into ToolGroupKit, the suite's tool bar library. The library is held from the
+// component's link to its unlink; while it is missing, or lacks an export, the calls do
+// nothing.
 #pragma once
 
 #include "platform/win/geometry.h"
@@ -10,6 +11,11 @@ class CWnd;
 }
 
 namespace velorand {
+
+// Loads the library for the life of the link; a second call keeps the first load.
+void AttachToolGroupKit();
+// Frees it again.
+void DetachToolGroupKit();
 
 // Registers a group of buttons by command id (0 a separator); the library's answer, 0
 // when it can't be asked.

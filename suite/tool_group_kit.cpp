@@ -1,6 +1,5 @@
 // The stand-in for ToolGroupKit, the suite's tool bar library: it shows no tool bar, keeps
-// whether the tool pane is being customized, and records every call. It stays in memory
-// once loaded, so that its state outlives each caller's load.
+// whether the tool pane is being customized while it is loaded, and records every call.
 #include <cstdio>
 #include <string>
 

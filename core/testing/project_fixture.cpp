@@ -20,12 +20,19 @@ ProjectTest::~ProjectTest() {
 void ProjectTest::SetUp() {
     ASSERT_TRUE(app.CreateMainFrame());
     mainWnd = app.MainFrame();
+    mainWnd->ShowWindow(win::SW_SHOW);
+    sheetTemplate = std::make_unique<CSheetTemplate>();
+    app.AddDocTemplate(sheetTemplate.get());
     Relink();
 }
 
 void ProjectTest::TearDown() {
     app.UnloadComponent();
     projectTemplate = nullptr;
+    if (sheetTemplate) {
+        sheetTemplate->CloseAllDocuments(win::FALSE);
+        sheetTemplate.reset();
+    }
 }
 
 void ProjectTest::Relink() {
@@ -51,6 +58,11 @@ CProjectDoc* ProjectTest::MakeDocument() {
     doc->treeFrame = frame;
     projectTemplate->currentDoc = doc;
     return doc;
+}
+
+CSheetDoc* ProjectTest::OpenSheet(const std::string& relative, const std::string& text) {
+    std::string path = WriteFile(relative, text);
+    return dynamic_cast<CSheetDoc*>(sheetTemplate->OpenDocumentFile(path.c_str(), win::TRUE));
 }
 
 std::string ProjectTest::WriteFile(const std::string& relative, const std::string& text) const {

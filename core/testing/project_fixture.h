@@ -1,7 +1,7 @@
 // The fixture of the component's tests: a sandbox, the reference host with its main frame
 // (`mainWnd`), the component linked into it through LinkProjectDll with the suite's sibling
 // libraries at hand, and a scripted user. Documents come from the component's template as
-// the host would have them made.
+// the host would have them made; the host's own documents are sheets (host_sheet.h).
 //
 //   TEST_F(ProjectTest, ...) {
 //       CProjectDoc* doc = MakeDocument();
@@ -10,12 +10,14 @@
 //   }
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "app/host_app.h"
 #include "app/main_frame.h"
 #include "core/project_doc.h"
 #include "core/project_doc_template.h"
+#include "core/testing/host_sheet.h"
 #include "platform/testing/sandbox.h"
 #include "platform/testing/scripted_user.h"
 
@@ -36,6 +38,10 @@ class ProjectTest : public SandboxTest {
     // the current document of the template; null if the template couldn't make it.
     CProjectDoc* MakeDocument();
 
+    // Writes the file and opens it as a sheet of the host in its own child frame; null if
+    // it can't be opened.
+    CSheetDoc* OpenSheet(const std::string& relative, const std::string& text);
+
     // The platform path of a file below the sandbox's drive C:, written with the text.
     std::string WriteFile(const std::string& relative, const std::string& text) const;
     // The calls that the sibling libraries recorded, one a line.
@@ -45,6 +51,7 @@ class ProjectTest : public SandboxTest {
     host::CHostApp app;
     host::CMainFrame* mainWnd = nullptr;
     CProjectDocTemplate* projectTemplate = nullptr;
+    std::unique_ptr<CSheetTemplate> sheetTemplate;
 };
 
 }  // namespace velorand::testing
