@@ -236,6 +236,9 @@ class CProjectDoc : public afx::CDocument {
     // the records; 1 when it came from treescan or a stub stands for a schematic yet to
     // be drawn.
     int UpdateTree();
+    // Reads a listing into the tree and the records, linking the open documents to them;
+    // 0 when it can't be opened.
+    int ReadListing(const std::string& listingPath);
     // Writes the listing of the top level alone as `id`.st% in the current folder (into
     // `listingPath`), unless a non-empty one is there; 1 when written.
     int WriteStubListing(const std::string& id, std::string& listingPath, win::BOOL markValid);

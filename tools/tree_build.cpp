@@ -127,20 +127,24 @@ int CProjectDoc::UpdateTree() {
     }
 
     // A listing equal to the last one leaves the tree and the records as they stand.
-    if (!FilesEqual(listing, listingCopy)) {
-        if (!win::OpenTextStream(treeStream, listing.c_str()))
-            return 0;
-        ReadHierarchy();
-        ReadFileList();
-        LinkOpenDocuments();
-        treeStream.close();
-        if (mainWnd != nullptr) {
-            mainWnd->Invalidate();
-            mainWnd->UpdateWindow();
-        }
-    }
+    if (!FilesEqual(listing, listingCopy) && !ReadListing(listing))
+        return 0;
     win::DeleteFile(listingCopy.c_str());
     return result;
+}
+
+int CProjectDoc::ReadListing(const std::string& listingPath) {
+    if (!win::OpenTextStream(treeStream, listingPath.c_str()))
+        return 0;
+    ReadHierarchy();
+    ReadFileList();
+    LinkOpenDocuments();
+    treeStream.close();
+    if (mainWnd != nullptr) {
+        mainWnd->Invalidate();
+        mainWnd->UpdateWindow();
+    }
+    return 1;
 }
 
 }  // namespace velorand

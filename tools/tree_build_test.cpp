@@ -79,8 +79,8 @@ TEST_F(ToolchainTest, AnUnchangedListingTouchesNeitherTreeNorRecords) {
 
     // A stage without its bias changes the listing: the tree is read anew.
     std::string stage = sandbox.Read("amp2/stage.sch");
-    stage.erase(stage.find("use bias"), stage.find('\n', stage.find("use bias")) + 1 -
-                                            stage.find("use bias"));
+    stage.erase(stage.find("use bias"),
+                stage.find('\n', stage.find("use bias")) + 1 - stage.find("use bias"));
     sandbox.Write("amp2/stage.sch", stage);
     EXPECT_EQ(doc->UpdateTree(), 1);
     EXPECT_EQ(doc->schematics["stage"].state, 0u);
@@ -187,7 +187,8 @@ TEST_F(ToolchainTest, AReadOnlyListingIsNotRebuilt) {
     EXPECT_EQ(doc->UpdateTree(), 0);
     EXPECT_TRUE(Calls().empty());
     EXPECT_THAT(Boxes(), ElementsAre(kUnableToBuild));
-    EXPECT_EQ(sandbox.Read("amp2/amp2.st%"), "~ amp2 (C:\\amp2\\amp2.sch)\n1  stage (X1 <-> stage.sch)\n");
+    EXPECT_EQ(sandbox.Read("amp2/amp2.st%"),
+              "~ amp2 (C:\\amp2\\amp2.sch)\n1  stage (X1 <-> stage.sch)\n");
 }
 
 TEST_F(ToolchainTest, ATreescanThatLeavesNoListingLeavesTheTreeAsItWas) {
@@ -258,26 +259,29 @@ INSTANTIATE_TEST_SUITE_P(
         ListingCase{"PreambleOnly", "treescan 4.0\nno hierarchy\n", ""},
         // The level-3 line hangs on the last level-1 item; the level-2 line behind it is
         // then read at level 1, where its dot is no name.
-        ListingCase{"LevelJump",
-                    kRoot + "1  a (A1 <-> a.sch)\n3  ..  c (C1 <-> c.sch)\n2  .  b (B1 <-> b.sch)\n",
-                    "  amp2 (2)\n    a  [A1] (2)\n      c  [C1] (2)\n"},
+        ListingCase{
+            "LevelJump",
+            kRoot + "1  a (A1 <-> a.sch)\n3  ..  c (C1 <-> c.sch)\n2  .  b (B1 <-> b.sch)\n",
+            "  amp2 (2)\n    a  [A1] (2)\n      c  [C1] (2)\n"},
         ListingCase{"FirstLineTooDeep", kRoot + "2  .  b (B1 <-> b.sch)\n1  a (A1 <-> a.sch)\n",
                     "  amp2 (2)\n    a  [A1] (2)\n    b  [B1] (2)\n"},
         ListingCase{"MissingDots", kRoot + "1  a (A1 <-> a.sch)\n2  b (B1 <-> b.sch)\n",
                     "  amp2 (2)\n    a  [A1] (2)\n"},
-        ListingCase{"BlankLineInHierarchy",
-                    kRoot + "1  a (A1 <-> a.sch)\n\n1  b (B1 <-> b.sch)\n",
+        ListingCase{"BlankLineInHierarchy", kRoot + "1  a (A1 <-> a.sch)\n\n1  b (B1 <-> b.sch)\n",
                     "  amp2 (2)\n    a  [A1] (2)\n"},
         ListingCase{"BlankLinesBeforeRoot", "\n\n" + kRoot + "1  a (A1 <-> a.sch)\n",
                     "  amp2 (2)\n    a  [A1] (2)\n"},
         ListingCase{"SpaceBeforeRoot", " " + kRoot + "1  a (A1 <-> a.sch)\n", ""},
-        ListingCase{"OverlongLine",
-                    kRoot + "1  a (A1 <-> a.sch)\n1  " + kLong + " (L1 <-> l.sch)\n1  b (B1 <-> b.sch)\n",
-                    "  amp2 (2)\n    a  [A1] (2)\n"},
+        ListingCase{
+            "OverlongLine",
+            kRoot + "1  a (A1 <-> a.sch)\n1  " + kLong + " (L1 <-> l.sch)\n1  b (B1 <-> b.sch)\n",
+            "  amp2 (2)\n    a  [A1] (2)\n"},
         ListingCase{"PathWithSpaces", kRoot + "1  a (A1 <-> C:\\my amp\\a.sch)\n",
                     "  amp2 (2)\n    a  [A1] (2)\n"},
-        ListingCase{"CutOffInAPath", kRoot + "1  a (A1 <-> C:\\amp2\\a.s", "  amp2 (2)\n    a  [A1] (2)\n"},
-        ListingCase{"CutOffInAName", kRoot + "1  a (A1 <-> a.sch)\n1  b", "  amp2 (2)\n    a  [A1] (2)\n"},
+        ListingCase{"CutOffInAPath", kRoot + "1  a (A1 <-> C:\\amp2\\a.s",
+                    "  amp2 (2)\n    a  [A1] (2)\n"},
+        ListingCase{"CutOffInAName", kRoot + "1  a (A1 <-> a.sch)\n1  b",
+                    "  amp2 (2)\n    a  [A1] (2)\n"},
         ListingCase{"CutOffInTheRoot", "~ amp2 (C:\\amp2\\am", "  amp2 (2)\n"},
         ListingCase{"CrLfLineEnds", "~ amp2 (C:\\amp2\\amp2.sch)\r\n1  a (A1 <-> a.sch)\r\n\r\n",
                     "  amp2 (2)\n    a  [A1] (2)\n"}),
@@ -285,13 +289,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ToolchainTest, TheFileListIsReadWhateverItsShape) {
     StandInListing(kRoot + "1  stage (X1 <-> C:\\amp2\\stage.sch)\n" +
-                   "Schematic: C:\\amp2\\amp2.sch (0)\n"     // ends the hierarchy, not seen
+                   "Schematic: C:\\amp2\\amp2.sch (0)\n"  // ends the hierarchy, not seen
                    "\n"
                    " indented preamble\n"
                    "Schematic: C:\\amp2\\stage.sch (0)\n"
                    "Symbol: C:/amp2/bias.sym\n"
                    "Symbol: C:\\my amp\\spaced.sym\n"
-                   "Schematic: C:\\my amp\\bias.sch\n"        // no count, no record: no update
+                   "Schematic: C:\\my amp\\bias.sch\n"  // no count, no record: no update
                    "Symbol: C:\\amp2\\orphan.sym\n"
                    "Schematic: C:\\my amp\\amp2.sch (0)\n"
                    "Symbol: C:\\amp2\\top.sym\n"
