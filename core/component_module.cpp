@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include "core/warning_dlg.h"
 #include "platform/afx/win_app.h"
 #include "platform/win/menu.h"
 #include "platform/win/resources.h"
@@ -46,6 +47,7 @@ void RegisterComponentResources() {
                             Item("&Copy Project...", 26458), Item("&Archive Project...", 26453),
                             Item("&Rename Project...", 26457), Item("&Delete Project...", 26475)}),
          Popup("&Window", {Item("&Next Window", 26473)})});
+    win::RegisterDialogResource(instance, CWarningDlg::IDD, CWarningDlg::Resource());
 }
 
 ComponentResourceScope::ComponentResourceScope() : before_(afx::AfxGetResourceHandle()) {

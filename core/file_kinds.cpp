@@ -84,12 +84,16 @@ int IsValidFileName(const char* name) {
     return 0;
 }
 
+std::string_view FileNamePart(std::string_view path) {
+    std::size_t slash = path.find_last_of("\\/");
+    return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
 int CompareFileNames(const char* a, const char* b) {
     if (win::_stricmp(a, b) == 0)
         return 0;
     auto split = [](std::string_view path) {
-        std::size_t slash = path.find_last_of("\\/");
-        std::string_view file = slash == std::string_view::npos ? path : path.substr(slash + 1);
+        std::string_view file = FileNamePart(path);
         std::size_t dot = file.rfind('.');
         if (dot == std::string_view::npos)
             return std::pair{std::string(file), std::string()};

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace velorand {
 
@@ -48,6 +49,9 @@ bool IsOutputFile(const char* name);
 // 1 when the name may be used as a file name, 0 after telling the user why not. The empty
 // name passes: callers that must refuse it do so themselves.
 int IsValidFileName(const char* name);
+
+// The file name with its extension: the text behind the last backslash or slash.
+std::string_view FileNamePart(std::string_view path);
 
 // 0 when the two paths name the same file: equal paths, or the same file name and
 // extension in any folders, case ignored; -1 when the extensions differ.
