@@ -48,6 +48,7 @@ void RegisterComponentResources() {
                             Item("&Rename Project...", 26457), Item("&Delete Project...", 26475)}),
          Popup("&Window", {Item("&Next Window", 26473)})});
     win::RegisterDialogResource(instance, CWarningDlg::IDD, CWarningDlg::Resource());
+    RegisterTemplateMenuResources(instance);
 }
 
 ComponentResourceScope::ComponentResourceScope() : before_(afx::AfxGetResourceHandle()) {

@@ -11,6 +11,8 @@ win::HINSTANCE ComponentInstance();
 
 // Registers the component's menus and strings under its instance; again is harmless.
 void RegisterComponentResources();
+// The "&Layout" and "&Parts" menus that the project adds to the simulator template's menu.
+void RegisterTemplateMenuResources(win::HINSTANCE instance);
 
 // While it lives, templates and frames made by the framework take the component's
 // resources; the host's resource module comes back at its end.
