@@ -248,6 +248,13 @@ class CProjectDoc : public afx::CDocument {
     void ClearSchematics();
     // The path of the record a tree item's text names ("name  [tag]"); empty for none.
     std::string FindSchematicByText(const std::string& text) const;
+    // Brings up or opens the schematic at `path` as the instance the tree item's `text`
+    // names; the document, or null.
+    afx::CDocument* OpenSchematicInstance(const std::string& path, const std::string& text);
+    // A host document joins the project: its record (when given) notes it, it enters
+    // openDocs (schematics and symbols at the head), its view reports to the tree view, and
+    // its window takes its saved place (hidden while the project is busy).
+    void Attach(SchematicNode* record, afx::CDocument* doc);
     // The path of the next record that lists the symbol, walking the records from
     // `position` (empty to begin; empty again when the walk has ended); empty for none.
     std::string FindSymbolUser(const std::string& symbolPath, std::string& position) const;
@@ -281,6 +288,8 @@ class CProjectDoc : public afx::CDocument {
     void ReadFileList();
     void LinkOpenDocuments();
     void FillDocumentationNode();
+    // Tells the active document's view of a report that waits for the new document.
+    void Replay(afx::CDocument* doc);
 
     // appKey and registryKey: the registry tree when it has a "Simulator" value, else the
     // application's settings file.
