@@ -23,7 +23,6 @@
 namespace velorand {
 namespace {
 
-using testing::CNetlistDoc;
 using testing::NetlistTemplate;
 
 class SimulatorTemplateTest : public testing::ProjectTest {
@@ -177,7 +176,7 @@ TEST_F(SimulatorTemplateTest, TheTemplateOpensTheNetlistAndTakesTheFramesMenuOnc
     const win::HMENU frameMenu = hostMenu.m_hMenu;
 
     EXPECT_EQ(doc->OpenSimulatorTemplate(), 1);
-    auto* netlist = dynamic_cast<CNetlistDoc*>(doc->templateDoc);
+    auto* netlist = dynamic_cast<testing::CSheetDoc*>(doc->templateDoc);
     ASSERT_NE(netlist, nullptr);
     EXPECT_EQ(netlist->GetDocTemplate(), netlists.Get());
     EXPECT_EQ(netlist->GetPathName(), doc->location + "amp.ckt");
@@ -228,6 +227,7 @@ TEST_F(SimulatorTemplateTest, TheTemplateIsNotOpenedWithoutATreeAProjectOrWhileO
     // With the tools off no netlist is made, and a missing netlist can't be opened.
     doc->projectID = "amp";
     doc->toolsEnabled = 0;
+    doc->netlistFile = doc->location + "amp.ckt";
     EXPECT_EQ(doc->OpenSimulatorTemplate(), 0);
     EXPECT_EQ(doc->templateDoc, nullptr);
     EXPECT_EQ(doc->templateDisabled, 0);
@@ -252,18 +252,20 @@ TEST_F(SimulatorTemplateTest, TheTemplatesViewIsAskedWithTheComponentsRecord) {
     ASSERT_EQ(doc->OpenSimulatorTemplate(), 1);
     testing::CNetlistView* view = NetlistTemplate::ViewOf(doc->templateDoc);
     ASSERT_NE(view, nullptr);
-    view->questions.clear();
+    view->notes.clear();
     view->queryAnswer = 42;
     view->closeAnswer = 0;
     EXPECT_EQ(doc->QueryTemplateView(7), 42);
     EXPECT_EQ(doc->CanCloseTemplate(), 0);
-    ASSERT_EQ(view->questions.size(), 2u);
-    EXPECT_EQ(view->questions[0].code, 334u);
-    EXPECT_EQ(view->questions[0].option, 1);
-    EXPECT_EQ(view->questions[0].argument, 7);
-    EXPECT_EQ(view->questions[0].from, doc->treeView->m_hWnd);
-    EXPECT_EQ(view->questions[1].code, 235u);
-    EXPECT_EQ(view->questions[1].text, "Close");
+    ASSERT_EQ(view->notes.size(), 2u);
+    EXPECT_EQ(view->notes[0].idFrom, 100u);
+    EXPECT_EQ(view->notes[0].code, 334u);
+    EXPECT_EQ(view->notes[0].option, 1);
+    EXPECT_EQ(view->notes[0].argument, 7);
+    EXPECT_EQ(view->notes[0].hwndFrom, doc->treeView->m_hWnd);
+    EXPECT_EQ(view->notes[1].code, 235u);
+    EXPECT_EQ(view->notes[1].option, 1);
+    EXPECT_EQ(view->closeText, "Close");
 }
 
 }  // namespace

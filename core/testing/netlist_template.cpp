@@ -1,46 +1,25 @@
 #include "core/testing/netlist_template.h"
 
-#include <fstream>
-
 #include "platform/afx/mdi_child_wnd.h"
 #include "platform/afx/win_app.h"
 #include "platform/win/menu.h"
-#include "platform/win/messages.h"
 #include "platform/win/resources.h"
-#include "platform/win/text_stream.h"
 #include "platform/win/window.h"
 #include "platform/win/window_props.h"
 
 namespace velorand::testing {
 
-IMPLEMENT_DYNCREATE(CNetlistDoc, CDocument)
-IMPLEMENT_DYNCREATE(CNetlistView, CView)
-
-win::BOOL CNetlistDoc::OnOpenDocument(win::LPCSTR path) {
-    if (!CDocument::OnOpenDocument(path))
-        return win::FALSE;
-    std::ifstream in;
-    if (!win::OpenTextStream(in, path))
-        return win::FALSE;
-    text.clear();
-    std::string line;
-    while (win::ReadTextLine(in, line))
-        text += line + "\n";
-    return win::TRUE;
-}
+IMPLEMENT_DYNCREATE(CNetlistView, CSheetView)
 
 win::BOOL CNetlistView::OnNotify(win::WPARAM wParam, win::LPARAM lParam, win::LRESULT* result) {
     auto* record = reinterpret_cast<ProjectNotify*>(lParam);
-    TemplateQuestion question{record->code, record->option, record->argument, {}, record->hwndFrom};
     if (record->code == 235) {
-        question.text = reinterpret_cast<const char*>(record->argument);
+        closeText = reinterpret_cast<const char*>(record->argument);
         record->result = closeAnswer;
     } else if (record->code == 334) {
         record->result = queryAnswer;
     }
-    questions.push_back(question);
-    *result = 0;
-    return win::TRUE;
+    return CSheetView::OnNotify(wParam, lParam, result);
 }
 
 NetlistTemplate::NetlistTemplate(afx::CWnd* mainWnd) : mainWnd_(mainWnd) {
@@ -50,16 +29,14 @@ NetlistTemplate::NetlistTemplate(afx::CWnd* mainWnd) : mainWnd_(mainWnd) {
     win::RegisterStringResource(resources, kResourceId,
                                 "Netlist\nNetlist\nNetlist\nNetlist (*.ckt)\n.ckt\nNetlist\n"
                                 "Netlist Document");
-    win::RegisterMenuResource(
-        resources, kResourceId,
-        {Item{"&File", 0, win::MF_POPUP, {Item{"&Close", 57602, 0, {}}}},
-         Item{"&Edit", 0, win::MF_POPUP, {Item{"&Copy", 57634, 0, {}}}},
-         Item{"&Simulate", 0, win::MF_POPUP, {Item{"&Analyze", 1004, 0, {}}}},
-         Item{"&Settings", 0, win::MF_POPUP, {Item{"&Frequency...", 1010, 0, {}}}},
-         Item{"&Window", 0, win::MF_POPUP, {Item{"&Tile", 57650, 0, {}}}},
-         Item{"&Help", 0, win::MF_POPUP, {Item{"&About", 57664, 0, {}}}}});
+    win::RegisterMenuResource(resources, kResourceId,
+                              {Item{"&File", 0, win::MF_POPUP, {Item{"&Close", 57602, 0, {}}}},
+                               Item{"&Edit", 0, win::MF_POPUP, {Item{"&Copy", 57634, 0, {}}}},
+                               Item{"&Simulate", 0, win::MF_POPUP, {Item{"&Analyze", 1004, 0, {}}}},
+                               Item{"&Window", 0, win::MF_POPUP, {Item{"&Tile", 57650, 0, {}}}},
+                               Item{"&Help", 0, win::MF_POPUP, {Item{"&About", 57664, 0, {}}}}});
     template_ =
-        new afx::CMultiDocTemplate(kResourceId, RUNTIME_CLASS(CNetlistDoc),
+        new afx::CMultiDocTemplate(kResourceId, RUNTIME_CLASS(CSheetDoc),
                                    RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CNetlistView));
     afx::AfxGetApp()->AddDocTemplate(template_);
     win::SetProp(mainWnd_->m_hWnd, "SimulatorTemplate0", reinterpret_cast<win::HANDLE>(template_));

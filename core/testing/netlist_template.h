@@ -1,16 +1,13 @@
-// A netlist document kind of the host, for the component's tests: its template announces
-// ".ckt" and stands on the main window as the property "SimulatorTemplate0", so that the
-// project opens its netlist through it. The view answers the component's questions with
-// the values a test gives it, and keeps every record it was sent.
+// The host's netlist documents, for the component's tests: a template whose documents are
+// sheets with the filter extension ".ckt", published on the main window as the property
+// "SimulatorTemplate0", so that the project opens its netlist through it. Its view answers
+// the component's questions (codes 334 and 235) with the values a test gives it.
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "host/project_notify.h"
-#include "platform/afx/document.h"
+#include "core/testing/host_sheet.h"
 #include "platform/afx/multi_doc_template.h"
-#include "platform/afx/view.h"
 
 namespace afx {
 class CWnd;
@@ -18,31 +15,12 @@ class CWnd;
 
 namespace velorand::testing {
 
-class CNetlistDoc : public afx::CDocument {
-    DECLARE_DYNCREATE(CNetlistDoc)
-  public:
-    // Reads the file whole; FALSE when it can't be read.
-    win::BOOL OnOpenDocument(win::LPCSTR path) override;
-
-    std::string text;
-};
-
-// What the component asked the view: the record's code, option and argument; a text
-// argument (code 235) is kept as text.
-struct TemplateQuestion {
-    win::UINT code = 0;
-    int option = 0;
-    win::LPARAM argument = 0;
-    std::string text;
-    win::HWND from = nullptr;
-};
-
-class CNetlistView : public afx::CView {
+class CNetlistView : public CSheetView {
     DECLARE_DYNCREATE(CNetlistView)
   public:
     win::LRESULT queryAnswer = 0;  // code 334
     win::LRESULT closeAnswer = 1;  // code 235
-    std::vector<TemplateQuestion> questions;
+    std::string closeText;         // the text that came with code 235
 
     win::BOOL OnNotify(win::WPARAM wParam, win::LPARAM lParam, win::LRESULT* result) override;
 };
