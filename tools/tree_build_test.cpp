@@ -62,7 +62,7 @@ TEST_F(ToolchainTest, BuildsTheExampleTreeThroughTreescan) {
     EXPECT_EQ(tree.GetItemData(tree.GetChildItem(doc->docTreeItem)),
               reinterpret_cast<win::DWORD_PTR>(doc->pdfFiles[0].get()));
     EXPECT_FALSE(std::filesystem::exists(sandbox.Posix("amp2/amp2.scf")));
-    EXPECT_EQ(mainWnd->StatusText(), "Ready");
+    EXPECT_EQ(mainWnd->Messages().front().text, "Building Schematic Tree...");
     EXPECT_TRUE(Boxes().empty());
 }
 
@@ -113,8 +113,10 @@ TEST_F(ToolchainTest, OutOfDateFilesAreBroughtUpToTheCurrentVersion) {
     EXPECT_THAT(sandbox.Read("amp2/bias.sch"), HasSubstr("\nver 40\n"));
     EXPECT_THAT(sandbox.Read("amp2/lib/rfc.sch"), HasSubstr("\nver 31\n"));
     ASSERT_EQ(user.Record().size(), 1u);
-    EXPECT_EQ(user.Record()[0].text,
-              "The file needs to be updated to the current version.\nlib\\rfc.sch is read only!");
+    EXPECT_EQ(
+        user.Record()[0].text,
+        "The file needs to be updated to the current version.\nC:\\amp2\\lib\\rfc.sch is read "
+        "only!");
     EXPECT_EQ(user.Record()[0].caption, "Velorand - Project Manager");
     EXPECT_EQ(user.Record()[0].flags, 0x30u);
 }
@@ -238,6 +240,10 @@ struct ListingCase {
 
 class ListingReaderTest : public ToolchainTest,
                           public ::testing::WithParamInterface<ListingCase> {};
+
+void PrintTo(const ListingCase& listing, std::ostream* out) {
+    *out << listing.name;
+}
 
 TEST_P(ListingReaderTest, ReadsAsFarAsTheListingGoes) {
     StandInListing(GetParam().listing);
