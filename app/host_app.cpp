@@ -1,7 +1,11 @@
 #include "app/host_app.h"
 
+#include <exception>
+
+#include "app/project_owner.h"
 #include "platform/afx/doc_template.h"
 #include "platform/win/message_box.h"
+#include "platform/win/message_queue.h"
 
 namespace velorand::host {
 
@@ -9,8 +13,13 @@ CHostApp::CHostApp() : CWinApp("Velorand") {}
 
 CHostApp::~CHostApp() {
     UnloadComponent();
+    CloseAllDocuments(win::TRUE);
     if (CMainFrame* frame = MainFrame()) {
         frame->DestroyWindow();  // the frame deletes itself
+    }
+    // What is still queued, the frame's own WM_QUIT among it, ends with the application.
+    win::MSG msg;
+    while (win::PeekMessage(&msg, nullptr, 0, 0, win::PM_REMOVE)) {
     }
 }
 
@@ -20,6 +29,7 @@ bool CHostApp::CreateMainFrame() {
         return false;  // the frame is gone already
     }
     m_pMainWnd = frame;
+    templates_.Register(*this, *frame);
     return true;
 }
 
@@ -42,9 +52,33 @@ void CHostApp::UnloadComponent() {
     component_.Unload();
 }
 
-int CHostApp::DoMessageBox(win::LPCSTR prompt, win::UINT type, win::UINT helpId) {
+int CHostApp::Run() {
+    int exitCode = 0;
+    for (bool running = true; running;) {
+        try {
+            exitCode = CWinApp::Run();
+            running = false;
+        } catch (const std::exception& e) {
+            ReportFatalError(e.what());
+        } catch (...) {
+            ReportFatalError(nullptr);
+        }
+    }
+    return crashed_ ? 1 : exitCode;
+}
+
+void CHostApp::ReportFatalError(const char* what) {
+    if (crashed_) {
+        return;  // the project has been told once; the loop is ending
+    }
+    crashed_ = true;
+    std::string text;
+    if (what != nullptr) {
+        text = std::string("Program will terminate due to an exception:\n") + what + "\n";
+    }
     CMainFrame* frame = MainFrame();
-    return win::MessageBox(frame ? frame->m_hWnd : nullptr, prompt, m_pszAppName.c_str(), type);
+    NotifyProject(nullptr, frame ? frame->m_hWnd : nullptr, kHostSender, kFatalError, nullptr, 0,
+                  what != nullptr ? reinterpret_cast<win::LPARAM>(text.c_str()) : 0);
 }
 
 win::BOOL CHostApp::OnCmdMsg(win::UINT id, int code, void* extra, afx::AFX_CMDHANDLERINFO* info) {

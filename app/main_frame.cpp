@@ -1,5 +1,7 @@
 #include "app/main_frame.h"
 
+#include "app/host_messages.h"
+#include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
 #include "platform/win/window_props.h"
 
@@ -9,6 +11,9 @@ namespace {
 
 // The property on the MDI client that leads back to its frame.
 constexpr const char* kFrameProperty = "VelorandHostFrame";
+
+// The frame's own message: the next posted action is due.
+constexpr win::UINT kRunAction = 0x8000;
 
 // The MDI client class's own procedure, the same for every frame.
 win::WNDPROC mdiClientClassProc = nullptr;
@@ -61,7 +66,22 @@ win::LRESULT CMainFrame::WindowProc(win::UINT msg, win::WPARAM wParam, win::LPAR
         status_ = messages_.back().text;
         return 0;
     }
+    if (msg == win::WM_COMMAND && win::LOWORD(wParam) == ID_FATAL_END) {
+        win::PostQuitMessage(1);
+        return 0;
+    }
+    if (msg == kRunAction && !actions_.empty()) {
+        std::function<void()> action = std::move(actions_.front());
+        actions_.pop_front();
+        action();
+        return 0;
+    }
     return CMDIFrameWnd::WindowProc(msg, wParam, lParam);
+}
+
+void CMainFrame::PostAction(std::function<void()> action) {
+    actions_.push_back(std::move(action));
+    PostMessage(kRunAction, 0, 0);
 }
 
 win::BOOL CMainFrame::OnCmdMsg(win::UINT id, int code, void* extra, afx::AFX_CMDHANDLERINFO* info) {

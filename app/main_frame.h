@@ -1,9 +1,12 @@
 // The host's main frame: an MDI frame with its MDI client and a status line. It keeps a
 // record of every message and command that reaches it (and its MDI client) from the
 // component, so that a test or a transcript can tell what the component asked of the
-// host.
+// host. Command 25612, the last step after a fatal error, ends the message loop with
+// exit code 1.
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,6 +44,10 @@ class CMainFrame : public afx::CMDIFrameWnd {
     // True while a command is on its way along the frame's command route.
     bool Routing() const { return routing_ > 0; }
 
+    // Runs the action from the message loop, after the messages queued before it. An
+    // exception that it raises leaves the loop (see CHostApp::Run).
+    void PostAction(std::function<void()> action);
+
     win::BOOL OnCmdMsg(win::UINT id, int code, void* extra, afx::AFX_CMDHANDLERINFO* info) override;
 
   protected:
@@ -53,6 +60,7 @@ class CMainFrame : public afx::CMDIFrameWnd {
 
     std::string status_;
     std::vector<HostMessage> messages_;
+    std::deque<std::function<void()>> actions_;
     int routing_ = 0;
 };
 

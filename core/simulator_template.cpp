@@ -1,7 +1,7 @@
 // The project's simulator: the test of the simulator a project file names, the list of
 // installed simulators for the project dialog, and the simulator template, the host's
 // netlist document that belongs to the project and brings its own menu along.
-#include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>

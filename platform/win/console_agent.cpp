@@ -6,6 +6,7 @@
 
 #include "platform/win/dialog_act.h"
 #include "platform/win/message_box.h"
+#include "platform/win/strings.h"
 
 namespace win {
 
@@ -26,10 +27,7 @@ std::string Trimmed(const std::string& text) {
 // The allowed answer that `word` names in full or by a beginning that no other allowed
 // answer shares, case ignored; 0 for none.
 int PickAnswer(const std::vector<int>& allowed, const std::string& word) {
-    std::string lower;
-    for (char c : word) {
-        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
+    std::string lower = ToLower(word);
     if (lower.empty()) {
         return 0;
     }

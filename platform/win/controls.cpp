@@ -11,6 +11,7 @@
 #include "platform/win/focus.h"
 #include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
+#include "platform/win/strings.h"
 #include "platform/win/window.h"
 
 namespace win {
@@ -159,10 +160,6 @@ LRESULT EditProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-bool SameNoCase(const std::string& a, const char* b) {
-    return strcasecmp(a.c_str(), b) == 0;
-}
-
 LRESULT ComboBoxProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     auto count = [&] { return static_cast<LRESULT>(StateOf(hwnd).items.size()); };
     auto index = static_cast<LRESULT>(static_cast<int>(wParam));
@@ -231,7 +228,7 @@ LRESULT ComboBoxProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
             const LRESULT n = count();
             for (LRESULT step = 1; step <= n; ++step) {
                 const LRESULT at = ((index < 0 ? -1 : index) + step) % n;
-                if (SameNoCase(items[at], text)) {
+                if (EqualNoCase(items[at], text)) {
                     return at;
                 }
             }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/win/last_error.h"
+#include "platform/win/strings.h"
 
 namespace win {
 
@@ -26,16 +27,6 @@ struct Loaded {
 std::mutex modulesMutex;
 std::map<std::uintptr_t, Loaded> modules;
 std::uintptr_t lastModule = 0;
-
-bool EndsWithNoCase(std::string_view text, std::string_view ending) {
-    if (text.size() < ending.size())
-        return false;
-    std::string_view tail = text.substr(text.size() - ending.size());
-    for (std::size_t i = 0; i < ending.size(); ++i)
-        if (std::tolower(static_cast<unsigned char>(tail[i])) != ending[i])
-            return false;
-    return true;
-}
 
 std::string ProgramFolder() {
     char buffer[PATH_MAX];

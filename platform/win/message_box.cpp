@@ -4,6 +4,7 @@
 #include <cctype>
 #include <utility>
 
+#include "platform/win/strings.h"
 #include "platform/win/user_agent.h"
 
 namespace win {
@@ -71,10 +72,7 @@ std::string AnswerName(int answer) {
 }
 
 int AnswerFromName(const std::string& word) {
-    std::string lower;
-    for (char c : word) {
-        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
+    std::string lower = ToLower(word);
     for (const auto& [id, name] : kAnswerNames) {
         if (lower == name) {
             return id;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/win/last_error.h"
+#include "platform/win/strings.h"
 
 namespace win {
 
@@ -21,15 +22,6 @@ char Upper(char c) {
 
 bool IsDriveLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-bool EqualNoCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (Upper(a[i]) != Upper(b[i]))
-            return false;
-    return true;
 }
 
 // Splits at any of the separators, dropping empty pieces.

@@ -15,6 +15,7 @@
 
 #include "platform/win/last_error.h"
 #include "platform/win/paths.h"
+#include "platform/win/strings.h"
 
 extern char** environ;
 
@@ -40,12 +41,8 @@ bool IsPlatformPath(std::string_view program) {
 }
 
 std::optional<std::string> WithoutExe(std::string_view program) {
-    if (program.size() <= 4)
+    if (program.size() <= 4 || !EndsWithNoCase(program, ".exe"))
         return std::nullopt;
-    std::string_view tail = program.substr(program.size() - 4);
-    for (std::size_t i = 0; i < 4; ++i)
-        if (std::tolower(static_cast<unsigned char>(tail[i])) != ".exe"[i])
-            return std::nullopt;
     return std::string(program.substr(0, program.size() - 4));
 }
 

@@ -34,6 +34,11 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
     return true;
 }
 
+bool EndsWithNoCase(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() &&
+           EqualNoCase(text.substr(text.size() - ending.size()), ending);
+}
+
 std::string ToLower(std::string_view text) {
     std::string lowered(text);
     for (char& c : lowered)

@@ -13,6 +13,8 @@ int _strnicmp(const char* a, const char* b, std::size_t count);
 
 // The same for counted strings: equal ignoring case.
 bool EqualNoCase(std::string_view a, std::string_view b);
+// True when the text ends in the ending, case ignored.
+bool EndsWithNoCase(std::string_view text, std::string_view ending);
 // The text with its ASCII letters lowered.
 std::string ToLower(std::string_view text);
 

@@ -9,6 +9,7 @@
 #include "platform/win/mdi_client.h"
 #include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
+#include "platform/win/strings.h"
 #include "platform/win/system_metrics.h"
 #include "platform/win/window_table.h"
 
@@ -52,11 +53,6 @@ struct Table {
 Table& T() {
     static Table table;
     return table;
-}
-
-bool EqualNoCase(const std::string& a, const std::string& b) {
-    detail::NoCaseLess less;
-    return !less(a, b) && !less(b, a);
 }
 
 int Width(const RECT& r) {
