@@ -28,8 +28,7 @@
 
 namespace win {
 
-struct TREEITEM_;
-using HTREEITEM = TREEITEM_*;
+// HTREEITEM, the handle of an item, is one of the platform's handle types (types.h).
 
 inline constexpr LPCSTR WC_TREEVIEW = "SysTreeView32";
 
