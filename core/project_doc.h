@@ -30,6 +30,7 @@ namespace velorand {
 
 class CProjectView;
 class SimulatorInfo;
+struct ListingScratch;
 struct ProjectNotify;
 
 class CProjectDoc : public afx::CDocument {
@@ -290,6 +291,9 @@ class CProjectDoc : public afx::CDocument {
     void FillDocumentationNode();
     // Tells the active document's view of a report that waits for the new document.
     void Replay(afx::CDocument* doc);
+    // The reader's working state while a listing is read: its block of the file, an index
+    // of the records made so far, and the strings each line is taken apart into.
+    ListingScratch* listingScratch = nullptr;
 
     // appKey and registryKey: the registry tree when it has a "Simulator" value, else the
     // application's settings file.

@@ -3,34 +3,62 @@
 // the document's line buffer. Each part leaves the line it stopped at in `line`
 // for the next.
 #include <cstring>
+#include <unordered_map>
 
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
+#include "platform/afx/wnd.h"
 #include "platform/win/file_attributes.h"
 #include "platform/win/message_box.h"
 #include "platform/win/strings.h"
+#include "platform/win/text_stream.h"
+#include "tools/line_reader.h"
 #include "tools/listing_lines.h"
 #include "tools/tool_launcher.h"
 #include "views/project_view.h"
 
 namespace velorand {
 
-bool CProjectDoc::ReadTreeLine() {
-    // A line that doesn't fit the buffer ends the reading as the end of the file
-    // does.
-    if (!treeStream.getline(line, sizeof line)) {
-        line[0] = '\0';
-        return false;
+struct ListingScratch {
+    explicit ListingScratch(std::istream& stream) : lines(stream) {}
+    LineReader lines;
+    // The records by key, so that a name met again costs a hash and not a walk of the map.
+    std::unordered_map<std::string, SchematicNode*> records;
+    std::string key, name, tag, path, text;
+};
+
+int CProjectDoc::ReadListing(const std::string& listingPath) {
+    if (!win::OpenTextStream(treeStream, listingPath.c_str()))
+        return 0;
+    ListingScratch scratch(treeStream);
+    listingScratch = &scratch;
+    ReadHierarchy();
+    ReadFileList();
+    LinkOpenDocuments();
+    listingScratch = nullptr;
+    treeStream.close();
+    if (mainWnd != nullptr) {
+        mainWnd->Invalidate();
+        mainWnd->UpdateWindow();
     }
-    std::size_t length = std::strlen(line);
-    if (length > 0 && line[length - 1] == '\r')
-        line[length - 1] = '\0';
-    return true;
+    return 1;
+}
+
+bool CProjectDoc::ReadTreeLine() {
+    return listingScratch->lines.Next(line, sizeof line);
 }
 
 void CProjectDoc::CreateRecord(const std::string& name, const std::string& path,
                                win::HTREEITEM item) {
-    auto [it, made] = schematics.try_emplace(win::ToLower(name));
+    std::string& key = listingScratch->key;
+    key.assign(name);
+    for (char& c : key)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    if (listingScratch->records.contains(key))
+        return;
+    auto [it, made] = schematics.try_emplace(key);
+    listingScratch->records.emplace(key, &it->second);
     if (!made)
         return;
     it->second.treeItem = item;
@@ -38,10 +66,13 @@ void CProjectDoc::CreateRecord(const std::string& name, const std::string& path,
 }
 
 win::HTREEITEM CProjectDoc::AddHierarchyItem(win::HTREEITEM parent, int level) {
-    std::string name, tag, path;
-    if (line[0] == '\0' || !ScanHierarchyLine(line, level, name, tag, path))
+    ListingScratch& s = *listingScratch;
+    std::string& name = s.name;
+    std::string& path = s.path;
+    if (line[0] == '\0' || !ScanHierarchyLine(line, level, name, s.tag, path))
         return nullptr;
-    win::HTREEITEM item = treeView->AddChildItem(parent, name + "  [" + tag + "]", path);
+    s.text.assign(name).append("  [").append(s.tag).append("]");
+    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, path);
     if (item != nullptr)
         CreateRecord(name, path, item);
     return item;
@@ -150,14 +181,15 @@ void CProjectDoc::ReadFileList() {
             else
                 RunTool("SheetMend", TF_PATHS, {"-f" + path});
         }
-        auto record = schematics.find(RecordKeyOfPath(path));
+        auto found = listingScratch->records.find(RecordKeyOfPath(path));
+        SchematicNode* record = found != listingScratch->records.end() ? found->second : nullptr;
         more = ReadTreeLine();
         while (more && FirstToken(line) == "Symbol:") {
             std::string symbol = ScanSymbolLine(line);
-            if (record != schematics.end())
-                record->second.symbols.push_back(symbol);
             if (showFileList)
                 treeView->AddChildItem(fileItem, symbol, symbol);
+            if (record != nullptr)
+                record->symbols.push_back(std::move(symbol));
             more = ReadTreeLine();
         }
     }

@@ -133,18 +133,4 @@ int CProjectDoc::UpdateTree() {
     return result;
 }
 
-int CProjectDoc::ReadListing(const std::string& listingPath) {
-    if (!win::OpenTextStream(treeStream, listingPath.c_str()))
-        return 0;
-    ReadHierarchy();
-    ReadFileList();
-    LinkOpenDocuments();
-    treeStream.close();
-    if (mainWnd != nullptr) {
-        mainWnd->Invalidate();
-        mainWnd->UpdateWindow();
-    }
-    return 1;
-}
-
 }  // namespace velorand
