@@ -48,8 +48,8 @@ void RegisterComponentResources() {
                             Item("&Copy Project...", 26458), Item("&Archive Project...", 26453),
                             Item("&Rename Project...", 26457), Item("&Delete Project...", 26475)}),
          Popup("&Window", {Item("&Next Window", 26473)})});
-    win::RegisterDialogResource(instance, CWarningDlg::IDD, CWarningDlg::Resource());
     RegisterTemplateMenuResources(instance);
+    win::RegisterDialogResource(instance, CWarningDlg::IDD, CWarningDlg::Resource());
     CProjectView::RegisterBitmaps(instance);
 }
 

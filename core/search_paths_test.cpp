@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/project_doc.h"
-#include "core/testing/schematic_host.h"
+#include "core/testing/loaded_project.h"
 #include "core/warning_dlg.h"
 #include "platform/win/app_profile.h"
 #include "platform/win/message_box.h"
@@ -54,10 +54,10 @@ int ProfileInt(const char* key) {
     return static_cast<int>(win::GetProfileInt("Project", key, -1));
 }
 
-class SearchPathsTest : public testing::SchematicProjectTest {
+class SearchPathsTest : public testing::LoadedProjectTest {
   protected:
     void SetUp() override {
-        SchematicProjectTest::SetUp();
+        LoadedProjectTest::SetUp();
         doc = MakeProject("amp", "amp", kNewProject);
         ASSERT_NE(doc, nullptr);
         doc->topLevelSchematic = WriteFile("amp/amp.sch", "[schematic2]\nver 40\n");
@@ -159,19 +159,19 @@ TEST_F(SearchPathsTest, TheEditorIsToldThePathsInTheirOrderAndForm) {
         ":delpathdir " + sandbox.Platform("amp"), ":delpathdir C:\\lib",
         ":delpathdir " + sandbox.Platform("AMP"),
     };
-    EXPECT_EQ(testing::SchematicHost::ViewOf(sheet)->scriptLines, expected);
+    EXPECT_EQ(ViewOf(sheet)->scriptLines, expected);
 }
 
 TEST_F(SearchPathsTest, WithoutAnActiveSchematicTheTopLevelOneIsOpenedToTakeTheLines) {
     doc->searchPaths = {"C:\\lib"};
     doc->SendAddPaths();
     ASSERT_NE(doc->topDoc, nullptr);
-    EXPECT_EQ(testing::SchematicHost::ViewOf(doc->topDoc)->scriptLines, Paths{":path +C:\\lib"});
+    EXPECT_EQ(ViewOf(doc->topDoc)->scriptLines, Paths{":path +C:\\lib"});
 
     // No paths: the editor is opened all the same, and told nothing.
     doc->searchPaths.clear();
     doc->SendRemovePaths();
-    EXPECT_EQ(testing::SchematicHost::ViewOf(doc->topDoc)->scriptLines.size(), 1u);
+    EXPECT_EQ(ViewOf(doc->topDoc)->scriptLines.size(), 1u);
 }
 
 TEST_F(SearchPathsTest, AnEditorThatCantBeReachedGetsNothing) {
@@ -179,7 +179,7 @@ TEST_F(SearchPathsTest, AnEditorThatCantBeReachedGetsNothing) {
     doc->treeValid = 0;
     doc->SendAddPaths();
     EXPECT_EQ(doc->topDoc, nullptr);
-    EXPECT_TRUE(schematicHost->Documents().empty());
+    EXPECT_TRUE(Sheets().empty());
 
     doc->treeValid = 1;
     fs::remove(sandbox.Posix("amp/amp.sch"));
@@ -192,8 +192,7 @@ TEST_F(SearchPathsTest, TheHostSeesTheProjectFileOnlyWhileTheTopLevelSchematicLo
     win::WriteProfileString("Velorand", "ProjectSearchPath", "C:\\old\\old.vpj");
     EXPECT_EQ(doc->OpenTopSchematic(), 1);
     ASSERT_NE(doc->topDoc, nullptr);
-    EXPECT_EQ(static_cast<testing::CTestSchematicDoc*>(doc->topDoc)->projectSearchPath,
-              doc->GetPathName());
+    EXPECT_EQ(static_cast<testing::CSheetDoc*>(doc->topDoc)->projectSearchPath, doc->GetPathName());
     char value[64];
     EXPECT_EQ(win::GetProfileString("Velorand", "ProjectSearchPath", "gone", value, 64), 4u);
 
@@ -210,7 +209,7 @@ TEST_F(SearchPathsTest, TheHostSeesTheProjectFileOnlyWhileTheTopLevelSchematicLo
     doc->treeValid = 1;
     doc->topLevelSchematic.clear();
     EXPECT_EQ(doc->OpenTopSchematic(), 0);
-    EXPECT_EQ(schematicHost->Documents().size(), 1u);
+    EXPECT_EQ(Sheets().size(), 1u);
 }
 
 TEST_F(SearchPathsTest, APickedSymbolsFolderIsAddedAfterAWarningThatCanBeSkipped) {
@@ -231,7 +230,7 @@ TEST_F(SearchPathsTest, APickedSymbolsFolderIsAddedAfterAWarningThatCanBeSkipped
     EXPECT_EQ(ProfileInt("SkipAddPathDlg"), 1);
     // The folder keeps its dot; the editor isn't told yet.
     EXPECT_EQ(doc->searchPaths, Paths{"C:\\lib\\v1.2"});
-    EXPECT_TRUE(schematicHost->Documents().empty());
+    EXPECT_TRUE(Sheets().empty());
 
     // Skipped from now on.
     EXPECT_EQ(AddSymbol("C:\\parts+r.sym"), 1);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/project_doc.h"
-#include "core/testing/schematic_host.h"
+#include "core/testing/loaded_project.h"
 #include "platform/win/paths.h"
 #include "platform/win/temp_path.h"
 
@@ -13,10 +13,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class WorkFilesTest : public testing::SchematicProjectTest {
+class WorkFilesTest : public testing::LoadedProjectTest {
   protected:
     void SetUp() override {
-        SchematicProjectTest::SetUp();
+        LoadedProjectTest::SetUp();
         doc = MakeProject("p", "proj", "[Project]\nProjectID=proj\n");
         ASSERT_NE(doc, nullptr);
     }
@@ -158,7 +158,7 @@ TEST_F(WorkFilesTest, AWorkFileLeadsBackToItsRealFile) {
 
 TEST_F(WorkFilesTest, ADocumentIsSavedToItsWorkFileAndStaysModifiedOnItsRealPath) {
     const std::string real = WriteFile("sch/amp.sch", "on disk");
-    auto* sheet = static_cast<testing::CTestSchematicDoc*>(app.OpenDocumentFile(real.c_str()));
+    auto* sheet = static_cast<testing::CSheetDoc*>(app.OpenDocumentFile(real.c_str()));
     ASSERT_NE(sheet, nullptr);
     sheet->text = "on screen";
     sheet->SetModifiedFlag(win::TRUE);
@@ -186,7 +186,7 @@ TEST_F(WorkFilesTest, ADocumentIsSavedToItsWorkFileAndStaysModifiedOnItsRealPath
 }
 
 TEST_F(WorkFilesTest, ADocumentWithoutPathGoesByItsTitleOrNotAtAll) {
-    testing::CTestSchematicDoc sheet;
+    testing::CSheetDoc sheet;
     EXPECT_EQ(doc->RefreshWorkFile(&sheet), 0);
     EXPECT_EQ(doc->SaveToWorkFile(&sheet), 0);
     EXPECT_EQ(doc->RefreshWorkFile(nullptr), 0);

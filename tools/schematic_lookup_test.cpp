@@ -3,18 +3,19 @@
 #include <string>
 
 #include "core/project_doc.h"
-#include "core/testing/schematic_host.h"
+#include "core/testing/loaded_project.h"
 #include "platform/afx/frame_wnd.h"
+#include "platform/afx/mdi_child_wnd.h"
 #include "platform/afx/mdi_frame_wnd.h"
 #include "platform/win/current_directory.h"
 
 namespace velorand {
 namespace {
 
-class SchematicLookupTest : public testing::SchematicProjectTest {
+class SchematicLookupTest : public testing::LoadedProjectTest {
   protected:
     void SetUp() override {
-        SchematicProjectTest::SetUp();
+        LoadedProjectTest::SetUp();
         doc = MakeProject("p", "proj", "[Project]\nProjectID=proj\n");
         ASSERT_NE(doc, nullptr);
     }
@@ -24,7 +25,7 @@ class SchematicLookupTest : public testing::SchematicProjectTest {
         return std::string(buffer, win::GetCurrentDirectory(sizeof buffer, buffer));
     }
     static std::string TextOf(afx::CDocument* opened) {
-        return static_cast<testing::CTestSchematicDoc*>(opened)->text;
+        return static_cast<testing::CSheetDoc*>(opened)->text;
     }
 
     CProjectDoc* doc = nullptr;
@@ -60,7 +61,7 @@ TEST_F(SchematicLookupTest, AFileInTheProjectsFolderWinsOverTheSameNameElsewhere
     opened = doc->OpenFile(filter.c_str(), 0);
     ASSERT_NE(opened, nullptr);
     EXPECT_EQ(opened->GetPathName(), filter);
-    EXPECT_EQ(schematicHost->Documents().size(), 2u);
+    EXPECT_EQ(Sheets().size(), 2u);
 }
 
 TEST_F(SchematicLookupTest, TheRelativePathFindsAMovedTopLevelSchematic) {
@@ -78,14 +79,14 @@ TEST_F(SchematicLookupTest, TheRelativePathFindsAMovedTopLevelSchematic) {
     // Found nowhere: nothing opens, the field stays.
     EXPECT_EQ(doc->OpenFile("D:\\old\\gone.sch", 0), nullptr);
     EXPECT_EQ(doc->topLevelSchematic, moved);
-    EXPECT_EQ(schematicHost->Documents().size(), 1u);
+    EXPECT_EQ(Sheets().size(), 1u);
 }
 
 TEST_F(SchematicLookupTest, OnlyAForcedOpenGoesAheadWhenFilesAreNotOpenedByThemselves) {
     const std::string file = WriteFile("p/amp.sch", "amp");
     doc->autoOpenFile = 0;
     EXPECT_EQ(doc->OpenFile(file.c_str(), 0), nullptr);
-    EXPECT_TRUE(schematicHost->Documents().empty());
+    EXPECT_TRUE(Sheets().empty());
     EXPECT_NE(doc->OpenFile(file.c_str(), 1), nullptr);
     EXPECT_EQ(doc->OpenFile(nullptr, 1), nullptr);
 }
@@ -99,7 +100,7 @@ TEST_F(SchematicLookupTest, ASchematicOpenAlreadyIsBroughtUpThroughItsRecord) {
     doc->schematics["amp"].openDoc = first;
 
     EXPECT_EQ(doc->OpenFile("C:\\elsewhere\\AMP.sch", 0), first);
-    EXPECT_EQ(schematicHost->Documents().size(), 2u);
+    EXPECT_EQ(Sheets().size(), 2u);
     afx::CFrameWnd* frame = CProjectDoc::GetFirstDocView(first)->GetParentFrame();
     EXPECT_EQ(mainWnd->MDIGetActive(), frame);
 }

@@ -4,9 +4,11 @@
 #include <optional>
 #include <sstream>
 
+#include "host/project_messages.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/mdi_child_wnd.h"
 #include "platform/afx/win_app.h"
+#include "platform/win/app_profile.h"
 #include "platform/win/paths.h"
 #include "platform/win/resources.h"
 
@@ -33,12 +35,15 @@ win::BOOL CSheetDoc::OnOpenDocument(win::LPCSTR path) {
     if (posix) {
         in.open(*posix, std::ios::binary);
     }
-    if (!in) {
+    if (!in.is_open()) {
         return win::FALSE;
     }
     std::ostringstream whole;
     whole << in.rdbuf();
     text = whole.str();
+    char value[win::MAX_PATH] = {};
+    win::GetProfileString("Velorand", "ProjectSearchPath", "", value, sizeof value);
+    projectSearchPath = value;
     return CDocument::OnOpenDocument(path);
 }
 
@@ -48,7 +53,7 @@ win::BOOL CSheetDoc::OnSaveDocument(win::LPCSTR path) {
     if (posix) {
         out.open(*posix, std::ios::binary | std::ios::trunc);
     }
-    if (!out || !(out << text)) {
+    if (!out.is_open() || !(out << text)) {
         return win::FALSE;
     }
     return CDocument::OnSaveDocument(path);
@@ -68,6 +73,14 @@ win::BOOL CSheetView::OnNotify(win::WPARAM wParam, win::LPARAM lParam, win::LRES
     notes.push_back(*reinterpret_cast<const ProjectNotify*>(lParam));
     *result = 0;
     return win::TRUE;
+}
+
+win::LRESULT CSheetView::WindowProc(win::UINT msg, win::WPARAM wParam, win::LPARAM lParam) {
+    if (msg == PM_RUN_SCRIPT) {
+        scriptLines.emplace_back(reinterpret_cast<const char*>(lParam));
+        return 1;
+    }
+    return CView::WindowProc(msg, wParam, lParam);
 }
 
 CSheetTemplate::CSheetTemplate()
