@@ -1,7 +1,8 @@
 // 10,000 look-ups in an unchanged profile file of 1 MB, against one read and parse of the
 // file. The counter "parses" is what the look-ups cost together, counted in parses; the
 // cache should keep it below 3. "stat_floor" is what 10,000 bare stat() calls cost in the
-// same unit: every look-up makes one, to see whether the file changed.
+// same unit: what the look-ups would cost at least if each asked the file whether it
+// changed, as reads of files that can't be watched do.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -78,8 +79,8 @@ void BM_LookUpsAgainstParse(benchmark::State& state) {
         parseSeconds += std::chrono::duration<double>(parsed - parseStart).count();
         state.SetIterationTime(lookUps.count());
     }
-    // Each look-up must ask the system whether the file changed: the cost of that one call,
-    // 10,000 times, is the floor under the look-ups on this machine.
+    // A look-up that asks the system whether the file changed pays for that one call: 10,000
+    // of them are the floor under look-ups of files that can't be watched.
     struct stat info;
     auto statStart = Clock::now();
     for (int i = 0; i < kLookUps; ++i)

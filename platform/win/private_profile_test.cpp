@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "platform/testing/sandbox.h"
@@ -291,24 +290,6 @@ TEST_F(PrivateProfileTest, NameWithoutFolderLivesBesideTheApplicationsProfile) {
     setenv("VELORAND_PROFILE", (sandbox.Root() / "fresh" / "velorand.ini").c_str(), 1);
     EXPECT_TRUE(WritePrivateProfileString("S", "k", "v", "suite.ini"));
     EXPECT_EQ(ReadFile(sandbox.Root() / "fresh" / "suite.ini"), "[S]\nk=v\n");
-}
-
-TEST_F(PrivateProfileTest, UnchangedFileIsServedFromTheCache) {
-    std::string file = File("[A]\nk=old\n");
-    SetModified("p.ini");
-    EXPECT_EQ(Get(file, "A", "k"), "old");
-
-    // Same file, same size, same time stamp: not read again.
-    {
-        std::ofstream out(sandbox.Posix("p.ini"), std::ios::in | std::ios::binary);
-        out << "[A]\nk=new\n";
-    }
-    SetModified("p.ini");
-    EXPECT_EQ(Get(file, "A", "k"), "old");
-
-    // Another time stamp, down to the nanosecond, with the size unchanged: read anew.
-    SetModified("p.ini", 1);
-    EXPECT_EQ(Get(file, "A", "k"), "new");
 }
 
 TEST_F(PrivateProfileTest, FileChangedBehindTheCacheIsReadAnew) {

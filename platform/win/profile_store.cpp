@@ -13,6 +13,7 @@
 #include <map>
 #include <mutex>
 
+#include "platform/win/file_watch.h"
 #include "platform/win/last_error.h"
 #include "platform/win/posix_file.h"
 
@@ -46,8 +47,11 @@ struct Cached {
     Snapshot snapshot;
     std::shared_ptr<const ProfileFile> file;
     // The file's time stamp lay before the clock tick of the read, so any later change
-    // gets a later time stamp. A file changed within the tick of its read is read again.
+    // gets a later time stamp. A file changed within the tick of its read is read again,
+    // unless its watch vouches for it: the watch reports every change, whatever its time.
     bool settled;
+    // Null when the file can't be watched; then every read compares the snapshot.
+    std::unique_ptr<internal::FileWatch> watch;
     std::uint64_t lastUse;
 };
 
@@ -57,6 +61,7 @@ constexpr std::size_t kCachedFiles = 16;
 std::mutex cacheMutex;
 std::map<std::string, Cached> cache;
 std::uint64_t useCount = 0;
+std::atomic<std::uint64_t> parses{0};
 
 const std::shared_ptr<const ProfileFile>& EmptyProfile() {
     static const std::shared_ptr<const ProfileFile> empty = std::make_shared<ProfileFile>("");
@@ -81,6 +86,25 @@ void Remember(const std::string& posixPath, Cached entry) {
     }
 }
 
+// The cached file when its watch knows it unchanged; a file known changed is dropped.
+std::shared_ptr<const ProfileFile> FromWatched(const std::string& posixPath) {
+    std::lock_guard lock(cacheMutex);
+    auto found = cache.find(posixPath);
+    if (found == cache.end() || !found->second.watch)
+        return nullptr;
+    switch (found->second.watch->Check()) {
+        case internal::FileWatch::State::kUnchanged:
+            found->second.lastUse = ++useCount;
+            return found->second.file;
+        case internal::FileWatch::State::kChanged:
+            cache.erase(found);
+            return nullptr;
+        case internal::FileWatch::State::kUnknown:
+            return nullptr;
+    }
+    return nullptr;
+}
+
 std::shared_ptr<const ProfileFile> FromCache(const std::string& posixPath,
                                              const Snapshot& snapshot) {
     std::lock_guard lock(cacheMutex);
@@ -98,6 +122,11 @@ std::shared_ptr<const ProfileFile> Load(const std::string& posixPath, DWORD& err
     error = ERROR_SUCCESS;
     if (found)
         *found = false;
+    if (auto cached = FromWatched(posixPath)) {
+        if (found)
+            *found = true;
+        return cached;
+    }
     struct stat info;
     if (stat(posixPath.c_str(), &info) != 0) {
         if (errno == ENOENT || errno == ENOTDIR)
@@ -115,6 +144,8 @@ std::shared_ptr<const ProfileFile> Load(const std::string& posixPath, DWORD& err
         return cached;
     }
 
+    // Watched before it is read, so that no change after the read goes unseen.
+    std::unique_ptr<internal::FileWatch> watch = internal::FileWatch::Start(posixPath);
     timespec started;
     clock_gettime(CLOCK_REALTIME_COARSE, &started);
     int fd = open(posixPath.c_str(), O_RDONLY | O_CLOEXEC);
@@ -146,7 +177,9 @@ std::shared_ptr<const ProfileFile> Load(const std::string& posixPath, DWORD& err
     text.resize(have);
 
     auto file = std::make_shared<const ProfileFile>(std::move(text));
-    Remember(posixPath, Cached{SnapshotOf(info), file, Earlier(info.st_mtim, started), 0});
+    parses.fetch_add(1, std::memory_order_relaxed);
+    Remember(posixPath,
+             Cached{SnapshotOf(info), file, Earlier(info.st_mtim, started), std::move(watch), 0});
     if (found)
         *found = true;
     return file;
@@ -203,6 +236,10 @@ std::shared_ptr<const ProfileFile> LoadProfile(const std::string& posixPath, boo
     DWORD error;
     std::shared_ptr<const ProfileFile> file = Load(posixPath, error, found);
     return file ? file : EmptyProfile();
+}
+
+std::uint64_t ProfileParses() {
+    return parses.load(std::memory_order_relaxed);
 }
 
 DWORD EditProfile(const std::string& posixPath, const ProfileEdit& edit, bool makeFolder) {
