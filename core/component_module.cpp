@@ -6,6 +6,7 @@
 #include "platform/afx/win_app.h"
 #include "platform/win/menu.h"
 #include "platform/win/resources.h"
+#include "views/project_view.h"
 
 namespace velorand {
 
@@ -49,6 +50,7 @@ void RegisterComponentResources() {
          Popup("&Window", {Item("&Next Window", 26473)})});
     RegisterTemplateMenuResources(instance);
     win::RegisterDialogResource(instance, CWarningDlg::IDD, CWarningDlg::Resource());
+    CProjectView::RegisterBitmaps(instance);
 }
 
 ComponentResourceScope::ComponentResourceScope() : before_(afx::AfxGetResourceHandle()) {

@@ -30,6 +30,7 @@ namespace velorand {
 
 class CProjectView;
 class SimulatorInfo;
+struct ListingScratch;
 struct ProjectNotify;
 
 class CProjectDoc : public afx::CDocument {
@@ -222,7 +223,78 @@ class CProjectDoc : public afx::CDocument {
     // The record of a name or a path of the same file; null if there is none.
     SchematicNode* FindSchematicByPath(const char* nameOrPath);
 
+    // --- Tool chain and schematic tree ---
+
+    // Calls a tool of the suite with the project's command line (TF_... flags, the extra
+    // arguments before the target): the tool's result, 0 for success; 1 while the tools
+    // are off; -1 for a read-only log; -2 when the library can't be loaded or has no main.
+    int RunTool(const std::string& toolName, win::UINT flags,
+                const std::vector<std::string>& extraArguments = {});
+    // Runs treescan into the listing (the project's own when empty); 1 when the tree
+    // could be listed, else 0 with a stub listing in its place.
+    int BuildTree(std::string& listingPath);
+    // Lists the hierarchy anew and, when the listing changed, reads it into the tree and
+    // the records; 1 when it came from treescan or a stub stands for a schematic yet to
+    // be drawn.
+    int UpdateTree();
+    // Reads a listing into the tree and the records, linking the open documents to them;
+    // 0 when it can't be opened.
+    int ReadListing(const std::string& listingPath);
+    // Writes the listing of the top level alone as `id`.st% in the current folder (into
+    // `listingPath`), unless a non-empty one is there; 1 when written.
+    int WriteStubListing(const std::string& id, std::string& listingPath, win::BOOL markValid);
+    // Writes an empty top level schematic if there is none; 1 when it exists afterwards.
+    int WriteStubSchematic();
+    // Forgets every schematic record.
+    void ClearSchematics();
+    // The path of the record a tree item's text names ("name  [tag]"); empty for none.
+    std::string FindSchematicByText(const std::string& text) const;
+    // Brings up or opens the schematic at `path` as the instance the tree item's `text`
+    // names; the document, or null.
+    afx::CDocument* OpenSchematicInstance(const std::string& path, const std::string& text);
+    // A host document joins the project: its record (when given) notes it, it enters
+    // openDocs (schematics and symbols at the head), its view reports to the tree view, and
+    // its window takes its saved place (hidden while the project is busy).
+    void Attach(SchematicNode* record, afx::CDocument* doc);
+    // The path of the next record that lists the symbol, walking the records from
+    // `position` (empty to begin; empty again when the walk has ended); empty for none.
+    std::string FindSymbolUser(const std::string& symbolPath, std::string& position) const;
+    // Adds a documentation file under the "Documentation" node. With `remember` the path
+    // is taken into pdfFiles; without, it must be an entry of pdfFiles already. The item's
+    // data word points at the entry, which holds the bare file name for a file in the
+    // project's folder.
+    void AddDocument(std::string& pathString, win::BOOL remember);
+    // 1 when no output file of the project is read-only, else 0 after telling the user;
+    // once one was found read-only the answer stays 0.
+    int CheckOutputsWritable();
+    // Brings the netlist up to date with the schematics; 0 when the template can't be
+    // opened, else 1.
+    int RefreshAndNetlist();
+    // Runs the simulator's translator into the netlist file; the tool's result, or 0
+    // during a tuning run.
+    int RunNetlist();
+    // Raises lastLibIndex to the highest "_lib<number>" in the project's schematics.
+    void ScanLibIndexes();
+    // The next free library number (message 0x14C to the tree view).
+    int NextLibIndex();
+
   private:
+    // The listing reader: one pass over treeStream, line by line in `line`. Each part
+    // leaves the line it stopped at for the next.
+    bool ReadTreeLine();
+    int ReadHierarchy();
+    void ReadLevels(win::HTREEITEM topItem);
+    win::HTREEITEM AddHierarchyItem(win::HTREEITEM parent, int level);
+    void CreateRecord(const std::string& name, const std::string& path, win::HTREEITEM item);
+    void ReadFileList();
+    void LinkOpenDocuments();
+    void FillDocumentationNode();
+    // Tells the active document's view of a report that waits for the new document.
+    void Replay(afx::CDocument* doc);
+    // The reader's working state while a listing is read: its block of the file, an index
+    // of the records made so far, and the strings each line is taken apart into.
+    ListingScratch* listingScratch = nullptr;
+
     // appKey and registryKey: the registry tree when it has a "Simulator" value, else the
     // application's settings file.
     void ChooseSettingsStore();

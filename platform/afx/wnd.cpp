@@ -270,6 +270,12 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const auto* header = reinterpret_cast<const win::NMHDR*>(lParam);
+    CWnd* sender = header != nullptr ? FromHandle(header->hwndFrom) : nullptr;
+    return sender != nullptr && sender->OnChildNotify(win::WM_NOTIFY, wParam, lParam, result);
+}
+
+BOOL CWnd::OnChildNotify(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     return FALSE;
 }
 

@@ -14,7 +14,9 @@
 //
 // WM_COMMAND goes to OnCmdMsg with the command id and the notification code, so commands
 // and control notifications (BN_CLICKED is code 0) are taken by the command table
-// (cmd_target.h). Handlers may send messages to any window, their own included, and may
+// (cmd_target.h). A WM_NOTIFY that the parent does not take is reflected: the object of
+// the sending control gets it in OnChildNotify, so a control can handle its own
+// notifications. Handlers may send messages to any window, their own included, and may
 // destroy their own window.
 //
 // Life: Create makes the window and ties the object to it before its first message;
@@ -143,6 +145,9 @@ class CWnd : public CCmdTarget {
     // Handlers with a result.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // A notification this window sent to its parent, reflected back: TRUE, with the
+    // result set, when the window handled it itself.
+    virtual BOOL OnChildNotify(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
   protected:
     // CreateEx under a window that has no object (the MDI client).

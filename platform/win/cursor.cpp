@@ -11,6 +11,7 @@ struct Cursors {
     std::map<std::pair<std::uintptr_t, UINT>, HCURSOR> loaded;
     std::uintptr_t next = 0x30000;
     HCURSOR current = nullptr;
+    POINT position;
 };
 
 Cursors& C() {
@@ -35,6 +36,19 @@ HCURSOR SetCursor(HCURSOR cursor) {
 
 HCURSOR GetCursor() {
     return C().current;
+}
+
+BOOL GetCursorPos(POINT* point) {
+    if (point == nullptr) {
+        return FALSE;
+    }
+    *point = C().position;
+    return TRUE;
+}
+
+BOOL SetCursorPos(int x, int y) {
+    C().position = POINT{x, y};
+    return TRUE;
 }
 
 }  // namespace win

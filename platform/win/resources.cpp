@@ -18,6 +18,7 @@ struct Resources {
     std::map<Key, std::vector<MenuTemplateItem>> menus;
     std::map<Key, std::string> strings;
     std::map<Key, DialogTemplate> dialogs;
+    std::map<Key, SIZE> bitmaps;
 };
 
 Resources& R() {
@@ -62,10 +63,24 @@ void RegisterDialogResource(HINSTANCE instance, UINT id, DialogTemplate dialog) 
     R().dialogs[KeyOf(instance, id)] = std::move(dialog);
 }
 
+void RegisterBitmapResource(HINSTANCE instance, UINT id, SIZE size) {
+    R().bitmaps[KeyOf(instance, id)] = size;
+}
+
 void UnregisterResources(HINSTANCE instance) {
     EraseModule(R().menus, NumberFromHandle(instance));
     EraseModule(R().strings, NumberFromHandle(instance));
     EraseModule(R().dialogs, NumberFromHandle(instance));
+    EraseModule(R().bitmaps, NumberFromHandle(instance));
+}
+
+HBITMAP LoadBitmap(HINSTANCE instance, UINT id) {
+    auto it = R().bitmaps.find(KeyOf(instance, id));
+    if (it == R().bitmaps.end()) {
+        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+        return nullptr;
+    }
+    return CreateBitmap(it->second.cx, it->second.cy, 1, 24, nullptr);
 }
 
 HMENU LoadMenu(HINSTANCE instance, UINT id) {
@@ -104,15 +119,28 @@ const DialogTemplate* FindDialogResource(HINSTANCE instance, UINT id) {
     return &it->second;
 }
 
-BOOL FindDialogModule(UINT id, HINSTANCE* module) {
-    for (const auto& [key, dialog] : R().dialogs) {
-        if (key.second == id) {
-            *module = HandleFromNumber<HINSTANCE>(key.first);
+namespace {
+
+template <class Map>
+BOOL FindModule(const Map& map, UINT id, HINSTANCE* module) {
+    for (const auto& entry : map) {
+        if (entry.first.second == id) {
+            *module = HandleFromNumber<HINSTANCE>(entry.first.first);
             return TRUE;
         }
     }
     SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
     return FALSE;
+}
+
+}  // namespace
+
+BOOL FindDialogModule(UINT id, HINSTANCE* module) {
+    return FindModule(R().dialogs, id, module);
+}
+
+BOOL FindBitmapModule(UINT id, HINSTANCE* module) {
+    return FindModule(R().bitmaps, id, module);
 }
 
 }  // namespace win

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/win/bitmap.h"
 #include "platform/win/dialog_template.h"
+#include "platform/win/geometry.h"
 #include "platform/win/types.h"
 
 namespace win {
@@ -26,8 +28,13 @@ struct MenuTemplateItem {
 void RegisterMenuResource(HINSTANCE instance, UINT id, std::vector<MenuTemplateItem> items);
 void RegisterStringResource(HINSTANCE instance, UINT id, std::string text);
 void RegisterDialogResource(HINSTANCE instance, UINT id, DialogTemplate dialog);
+// A bitmap resource is its size in pixels; its picture is not kept.
+void RegisterBitmapResource(HINSTANCE instance, UINT id, SIZE size);
 // Forgets all resources of the module, as when it is unloaded.
 void UnregisterResources(HINSTANCE instance);
+
+// A new bitmap of the resource's size, or null (last error 1814). The caller owns it.
+HBITMAP LoadBitmap(HINSTANCE instance, UINT id);
 
 // A new menu built from the resource, or null (last error 1814). The caller owns it.
 HMENU LoadMenu(HINSTANCE instance, UINT id);
@@ -41,5 +48,7 @@ const DialogTemplate* FindDialogResource(HINSTANCE instance, UINT id);
 // The first module, in the order of the handles, that has the dialog resource; FALSE
 // (last error 1814) when none has it.
 BOOL FindDialogModule(UINT id, HINSTANCE* module);
+// The same for a bitmap resource.
+BOOL FindBitmapModule(UINT id, HINSTANCE* module);
 
 }  // namespace win

@@ -26,6 +26,7 @@ using LRESULT = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using INT_PTR = std::intptr_t;
 using LONG_PTR = std::intptr_t;
+using DWORD_PTR = std::uintptr_t;
 using ATOM = WORD;
 
 inline constexpr BOOL TRUE = 1;

@@ -1,0 +1,89 @@
+// Reading a listing of 100,000 hierarchy lines and 20,000 "Schematic:" blocks of three
+// symbols each into the tree and the records. The floor of any reader is a count of the
+// file's lines ("wc -l"); a peer is the same parse written in awk (listing_parse.awk).
+// "ratio" is the reader's time per wc's, "awk_ratio" awk's time per the reader's.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+
+#include "bench/bench_project.h"
+
+namespace {
+
+constexpr int kHierarchyLines = 100000;
+constexpr int kSchematics = 20000;
+
+// A hierarchy of 5,000 level-1 uses, each with three level-2 uses of five level-3 uses
+// each, one of them with a level-4 use: the top level thus has thousands of children.
+void WriteListing(const std::string& posixPath) {
+    std::ofstream out(posixPath, std::ios::binary);
+    char line[256];
+    const char* folder = "C:\\Projects\\Velorand\\lna_2400MHz\\sheets";
+    out << "~ top (" << folder << "\\top.sch)\n";
+    int use = 0;
+    auto write = [&](int level) {
+        int cell = use % kSchematics;
+        std::string dots = level > 1 ? std::string(level - 1, '.') + "  " : "";
+        std::snprintf(line, sizeof line, "%-3d%scell%05d (X%d <-> %s\\cell%05d.sch)\n", level,
+                      dots.c_str(), cell, use, folder, cell);
+        out << line;
+        ++use;
+    };
+    while (use < kHierarchyLines) {
+        write(1);
+        for (int b = 0; b < 3; ++b) {
+            write(2);
+            for (int c = 0; c < 5; ++c) {
+                write(3);
+                if (b == 0 && c == 0)
+                    write(4);
+            }
+        }
+    }
+    out << "\n";
+    for (int cell = 0; cell < kSchematics; ++cell) {
+        out << "Schematic: " << folder << "\\cell" << cell << ".sch (0)\n";
+        for (const char* symbol : {"cap", "res", "mlin"})
+            out << "Symbol: " << folder << "\\..\\symbols\\" << symbol << cell % 50 << ".sym\n";
+    }
+}
+
+void BM_ReadListing(benchmark::State& state) {
+    velorand::bench::BenchProject project;
+    velorand::CProjectDoc* doc = project.doc;
+    doc->projectID = "lna";
+    doc->location = "C:\\Projects\\";
+    std::string posix = project.sandbox.Posix("lna.st%").string();
+    WriteListing(posix);
+    std::string listing = project.sandbox.Platform("lna.st%");
+
+    double reader = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        doc->treeView->GetTreeCtrl().DeleteAllItems();
+        doc->ClearSchematics();
+        state.ResumeTiming();
+        auto start = std::chrono::steady_clock::now();
+        doc->ReadListing(listing);
+        reader += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    }
+    double wc = 0;
+    double awk = 0;
+    for (benchmark::IterationCount i = 0; i < state.iterations(); ++i) {
+        wc += velorand::bench::ProcessSeconds({"wc", "-l", posix});
+        awk += velorand::bench::ProcessSeconds(
+            {"awk", "-f", std::string(VELORAND_BENCH_DIR) + "/listing_parse.awk", posix});
+    }
+    state.counters["items"] = doc->treeView->GetTreeCtrl().GetCount();
+    state.counters["records"] = static_cast<double>(doc->schematics.size());
+    state.counters["ratio"] = reader / wc;
+    state.counters["awk_ratio"] = awk / reader;
+}
+BENCHMARK(BM_ReadListing)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,218 @@
+// The reader of the listing file: the hierarchy into tree items and records,
+// then the file list into the records' symbols, in one pass over the file on
+// the document's line buffer. Each part leaves the line it stopped at in `line`
+// for the next.
+#include <cstring>
+#include <unordered_map>
+
+#include "core/project_doc.h"
+#include "core/simulator_info.h"
+#include "platform/afx/wnd.h"
+#include "platform/win/file_attributes.h"
+#include "platform/win/message_box.h"
+#include "platform/win/strings.h"
+#include "platform/win/text_stream.h"
+#include "tools/line_reader.h"
+#include "tools/listing_lines.h"
+#include "tools/tool_launcher.h"
+#include "views/project_view.h"
+
+namespace velorand {
+
+struct ListingScratch {
+    explicit ListingScratch(std::istream& stream) : lines(stream) {}
+    LineReader lines;
+    // The records by key, so that a name met again costs a hash and not a walk of the map.
+    std::unordered_map<std::string, SchematicNode*> records;
+    std::string key, name, tag, path, text;
+};
+
+int CProjectDoc::ReadListing(const std::string& listingPath) {
+    if (!win::OpenTextStream(treeStream, listingPath.c_str()))
+        return 0;
+    ListingScratch scratch(treeStream);
+    listingScratch = &scratch;
+    ReadHierarchy();
+    ReadFileList();
+    LinkOpenDocuments();
+    listingScratch = nullptr;
+    treeStream.close();
+    if (mainWnd != nullptr) {
+        mainWnd->Invalidate();
+        mainWnd->UpdateWindow();
+    }
+    return 1;
+}
+
+bool CProjectDoc::ReadTreeLine() {
+    return listingScratch->lines.Next(line, sizeof line);
+}
+
+void CProjectDoc::CreateRecord(const std::string& name, const std::string& path,
+                               win::HTREEITEM item) {
+    std::string& key = listingScratch->key;
+    key.assign(name);
+    for (char& c : key)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    if (listingScratch->records.contains(key))
+        return;
+    auto [it, made] = schematics.try_emplace(key);
+    listingScratch->records.emplace(key, &it->second);
+    if (!made)
+        return;
+    it->second.treeItem = item;
+    GetRealFile(path.c_str(), it->second.path);
+}
+
+win::HTREEITEM CProjectDoc::AddHierarchyItem(win::HTREEITEM parent, int level) {
+    ListingScratch& s = *listingScratch;
+    std::string& name = s.name;
+    std::string& path = s.path;
+    if (line[0] == '\0' || !ScanHierarchyLine(line, level, name, s.tag, path))
+        return nullptr;
+    s.text.assign(name).append("  [").append(s.tag).append("]");
+    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, path);
+    if (item != nullptr)
+        CreateRecord(name, path, item);
+    return item;
+}
+
+void CProjectDoc::ReadLevels(win::HTREEITEM topItem) {
+    // One frame per level being read; a deeper number opens a frame under the
+    // last item of the frame before it, a smaller one closes frames. Kept on the
+    // heap, so that a listing of any depth needs no deeper stack.
+    struct Frame {
+        win::HTREEITEM parent;
+        int level;
+        win::HTREEITEM last;
+    };
+    std::vector<Frame> frames{{topItem, 1, nullptr}};
+    bool resumed = false;  // a deeper frame has just ended on the current line
+    while (!frames.empty()) {
+        Frame& frame = frames.back();
+        std::string_view token = FirstToken(line);
+        int number = TokenNumber(token);
+        if (token.empty() || number < frame.level) {
+            frames.pop_back();
+            resumed = true;
+            continue;
+        }
+        if (number > frame.level && !resumed) {
+            win::HTREEITEM parent = frame.last != nullptr ? frame.last : frame.parent;
+            frames.push_back({parent, number, nullptr});
+            continue;
+        }
+        resumed = false;
+        if (win::HTREEITEM item = AddHierarchyItem(frame.parent, frame.level))
+            frame.last = item;
+        ReadTreeLine();
+    }
+}
+
+int CProjectDoc::ReadHierarchy() {
+    afx::CTreeCtrl& tree = treeView->GetTreeCtrl();
+    tree.DeleteAllItems();
+    ClearSchematics();
+
+    std::string rootText = "Project Tree";
+    if (simulator >= 0 && simulatorInfo != nullptr) {
+        const std::string& name = simulatorInfo->GetDisplayName();
+        if (!name.empty() && !win::EqualNoCase(name, "Not Installed"))
+            rootText = name;
+    }
+    win::HTREEITEM root = treeView->AddRootItem(projectID + " - [" + rootText + "]");
+    docTreeItem = nullptr;
+    FillDocumentationNode();
+
+    bool rootLine = false;
+    while (ReadTreeLine()) {
+        if (line[0] == '~') {
+            rootLine = true;
+            break;
+        }
+        if (line[0] == ' ')
+            break;
+    }
+    std::string name, path;
+    if (rootLine && root != nullptr && ScanRootLine(line, name, path)) {
+        win::HTREEITEM topItem = treeView->AddChildItem(root, name, path);
+        if (topItem != nullptr) {
+            CreateRecord(name, path, topItem);
+            if (ReadTreeLine())
+                ReadLevels(topItem);
+        }
+    }
+    if (root == nullptr) {
+        treeView->AddRootItem(projectID);
+        return 0;
+    }
+    tree.Expand(root, win::TVE_EXPAND);
+    if (win::HTREEITEM first = tree.GetChildItem(root))
+        tree.Expand(first, win::TVE_EXPAND);
+    return 1;
+}
+
+void CProjectDoc::ReadFileList() {
+    win::HTREEITEM listRoot =
+        showFileList ? treeView->AddRootItem(projectID + " - Project FileList") : nullptr;
+    bool more;
+    while ((more = ReadTreeLine()) && (line[0] == '\0' || line[0] == ' ')) {
+    }
+    while (more && FirstToken(line) == "Schematic:") {
+        std::string path;
+        int count = 0;
+        bool counted = ScanSchematicLine(line, path, count);
+        win::HTREEITEM fileItem = nullptr;
+        if (showFileList) {
+            fileItem = treeView->AddChildItem(listRoot, path, path);
+            if (fileItem == nullptr)
+                break;
+        }
+        if (counted && count != 0) {
+            // A file that can't be found is as good as read-only: it can't be brought
+            // up.
+            win::DWORD attributes = win::GetFileAttributes(path.c_str());
+            if (attributes == win::INVALID_FILE_ATTRIBUTES ||
+                (attributes & win::FILE_ATTRIBUTE_READONLY) != 0)
+                ProjectMessageBox("The file needs to be updated to the current version.\n" + path +
+                                      " is read only!",
+                                  nullptr, win::MB_ICONEXCLAMATION);
+            else
+                RunTool("SheetMend", TF_PATHS, {"-f" + path});
+        }
+        auto found = listingScratch->records.find(RecordKeyOfPath(path));
+        SchematicNode* record = found != listingScratch->records.end() ? found->second : nullptr;
+        more = ReadTreeLine();
+        while (more && FirstToken(line) == "Symbol:") {
+            std::string symbol = ScanSymbolLine(line);
+            if (showFileList)
+                treeView->AddChildItem(fileItem, symbol, symbol);
+            if (record != nullptr)
+                record->symbols.push_back(std::move(symbol));
+            more = ReadTreeLine();
+        }
+    }
+    if (listRoot != nullptr)
+        treeView->GetTreeCtrl().Expand(listRoot, win::TVE_EXPAND);
+}
+
+void CProjectDoc::LinkOpenDocuments() {
+    for (auto& [key, record] : schematics) {
+        if (record.openDoc != nullptr)
+            continue;
+        for (afx::CDocument* doc : openDocs) {
+            std::string name = win::ToLower(doc->GetPathName());
+            if (name.find(".sch") != std::string::npos) {
+                name.resize(name.size() - 4);
+                name.erase(0, name.rfind('\\') + 1);
+            }
+            if (win::EqualNoCase(name, key)) {
+                record.openDoc = doc;
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace velorand
