@@ -76,7 +76,7 @@ TEST_F(WindowLayoutTest, TheLayoutIsWrittenAnewWithTheTenNumbersOfEachWindow) {
     Place(symbol, win::SW_HIDE, {0, 0, 50, 60});
     Place(netlist, win::SW_SHOWMAXIMIZED, {5, 6, 7, 8});
     dynamic_cast<afx::CMDIChildWnd*>(FrameOf(netlist))->MDIActivate();
-    doc->pdfFiles.push_back(std::make_unique<std::string>("C:\\doc\\spec.pdf"));
+    doc->pdfFiles.push_back(std::make_unique<std::string>("C:\\doc\\notes.pdf"));
 
     doc->SaveWindowLayout();
     EXPECT_EQ(ProjectText(),
@@ -85,7 +85,7 @@ TEST_F(WindowLayoutTest, TheLayoutIsWrittenAnewWithTheTenNumbersOfEachWindow) {
                   sandbox.Platform("proj/a.sch") + "=0,5,-1,-2,-3,-4,10,20,310,220\n" +
                   sandbox.Platform("proj/b.sym") + "=0,0,-1,-2,-3,-4,0,0,50,60\n" +
                   sandbox.Platform("proj/amp.ckt") + "=0,3,-1,-2,-3,-4,5,6,7,8\n" +
-                  "[PdfFiles]\nPdfFiles0=C:\\doc\\spec.pdf\n");
+                  "[PdfFiles]\nPdfFiles0=C:\\doc\\notes.pdf\n");
     char text[300];
     win::GetProfileString("Project", "MRU", "", text, sizeof text);
     EXPECT_EQ(text, projectFile);
@@ -115,7 +115,7 @@ TEST_F(WindowLayoutTest, AnotherUsersSessionKeepsNoWindowsAndItsDocumentationFil
         "C:\\old.sch=0,5,0,0,0,0,1,1,2,2\n";
     WriteFile("proj/amp.vpj", before);
     Open("proj/a.sch", true);
-    doc->pdfFiles.push_back(std::make_unique<std::string>("C:\\doc\\spec.pdf"));
+    doc->pdfFiles.push_back(std::make_unique<std::string>("C:\\doc\\notes.pdf"));
     doc->foreignOwner = 1;
     doc->SaveWindowLayout();
     EXPECT_EQ(ProjectText(), "[Project]\nProjectID=amp\n[PdfFiles]\nPdfFiles0=C:\\old.pdf\n");

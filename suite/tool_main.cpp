@@ -28,18 +28,18 @@ std::string CommandLine(int argc, char** argv) {
 
 }  // namespace
 
-int ToolMain(int argc, char** argv, const ToolSpec& spec) noexcept {
+int ToolMain(int argc, char** argv, const ToolSpec& tool) noexcept {
     try {
-        ToolLog log(spec.name, false);
+        ToolLog log(tool.name, false);
         log.Note(CommandLine(argc, argv));
         std::string error;
-        std::optional<ToolArguments> args = ParseToolArguments(argc, argv, spec.options, error);
+        std::optional<ToolArguments> args = ParseToolArguments(argc, argv, tool.options, error);
         if (!args) {
             log.Fail(kToolBadArguments, error);
         } else {
             log.SetDebug(args->debug);
             try {
-                spec.run(*args, log);
+                tool.run(*args, log);
             } catch (const std::bad_alloc&) {
                 log.Fail(kToolInternal, "out of memory");
             } catch (const std::exception& fault) {
@@ -49,7 +49,7 @@ int ToolMain(int argc, char** argv, const ToolSpec& spec) noexcept {
         if (!log.Failed())
             log.Note("done");
         std::string logPath =
-            LogPath(args ? args->target : TargetArgument(argc, argv), spec.logEnding);
+            LogPath(args ? args->target : TargetArgument(argc, argv), tool.logEnding);
         if (!logPath.empty())
             log.Save(logPath);
         return log.Result();

@@ -21,15 +21,15 @@ struct ToolSpec {
 };
 
 // The body of a tool's exported `main`: 0 on success, else a ToolResult.
-int ToolMain(int argc, char** argv, const ToolSpec& spec) noexcept;
+int ToolMain(int argc, char** argv, const ToolSpec& tool) noexcept;
 
 }  // namespace suite
 
 // Defines the tool's entry point: a C++ function that the library exports under the
 // symbol "main", the one name the component's launcher looks up. A C++ program may not
 // declare `main` itself with C linkage, so the symbol name is given to the assembler.
-#define VELORAND_TOOL_ENTRY(spec)                                                              \
+#define VELORAND_TOOL_ENTRY(tool)                                                              \
     __attribute__((visibility("default"))) int VelorandToolEntry(int, char**) __asm__("main"); \
     int VelorandToolEntry(int argc, char** argv) {                                             \
-        return ::suite::ToolMain(argc, argv, spec);                                            \
+        return ::suite::ToolMain(argc, argv, tool);                                            \
     }

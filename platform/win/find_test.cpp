@@ -20,10 +20,10 @@ struct Found {
 };
 
 // Every entry of a search, names in the order found, with the folders among them.
-Found FindAll(const std::string& spec) {
+Found FindAll(const std::string& pattern) {
     Found found;
     _finddata_t data;
-    std::intptr_t handle = _findfirst(spec.c_str(), &data);
+    std::intptr_t handle = _findfirst(pattern.c_str(), &data);
     if (handle == -1)
         return found;
     do {

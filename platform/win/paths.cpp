@@ -75,10 +75,10 @@ std::string NormalPosixFolder(std::string_view folder) {
     return JoinPosix(Fold(Split(folder, "/")));
 }
 
-DriveTable ParseDrives(const std::string& spec) {
+DriveTable ParseDrives(const std::string& setting) {
     DriveTable drives;
     drives['Z'] = Drive{"/", "/"};
-    for (const std::string& entry : Split(spec, ";")) {
+    for (const std::string& entry : Split(setting, ";")) {
         std::size_t eq = entry.find('=');
         if (eq != 1 || !IsDriveLetter(entry[0]) || entry.size() < 3 || entry[2] != '/')
             continue;
@@ -93,13 +93,13 @@ DriveTable ParseDrives(const std::string& spec) {
 
 // The drive table, read again whenever VELORAND_DRIVES has changed since the last call.
 const DriveTable& Drives() {
-    thread_local std::string lastSpec;
+    thread_local std::string lastSetting;
     thread_local DriveTable table = ParseDrives("");
     const char* env = getenv("VELORAND_DRIVES");
-    std::string spec = env ? env : "";
-    if (spec != lastSpec) {
-        table = ParseDrives(spec);
-        lastSpec = std::move(spec);
+    std::string setting = env ? env : "";
+    if (setting != lastSetting) {
+        table = ParseDrives(setting);
+        lastSetting = std::move(setting);
     }
     return table;
 }

@@ -26,8 +26,8 @@ class TreeControlTest : public ::testing::Test {
         RegisterTreeViewClass();
         parent = log.Create("parent", nullptr, 0, WS_VISIBLE, RECT{0, 0, 400, 400});
         tree = CreateWindowEx(0, WC_TREEVIEW, nullptr,
-                              WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES, 0, 0, 300,
-                              200, parent, HandleFromNumber<HMENU>(kTreeId), nullptr, nullptr);
+                              WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES, 0, 0, 300, 200,
+                              parent, HandleFromNumber<HMENU>(kTreeId), nullptr, nullptr);
     }
 
     HTREEITEM Insert(const std::string& text, HTREEITEM parentItem = TVI_ROOT,
@@ -142,9 +142,9 @@ TEST_F(TreeControlTest, SortedInsertsIgnoreCaseAndKeepEqualTextsInInsertOrder) {
                              "Match_in  [M2]", "", "zz"}) {
         Insert(text, top, TVI_SORT);
     }
-    EXPECT_EQ(Children(top), (std::vector<std::string>{"", "Bias  [B1]", "bias  [B1]",
-                                                       "match_in  [M1]", "Match_in  [M2]",
-                                                       "stage2  [U2]", "zz"}));
+    EXPECT_EQ(Children(top),
+              (std::vector<std::string>{"", "Bias  [B1]", "bias  [B1]", "match_in  [M1]",
+                                        "Match_in  [M2]", "stage2  [U2]", "zz"}));
 }
 
 TEST_F(TreeControlTest, SortedInsertsFollowRenamesDeletionsAndPlainInserts) {
