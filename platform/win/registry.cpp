@@ -77,6 +77,16 @@ std::string Stored(std::string_view value) {
     return std::string(value);
 }
 
+// The full path of a subkey of an open key, for a call that will hand back a handle.
+LONG KeyPath(HKEY key, LPCSTR subKey, PHKEY result, std::string& path) {
+    if (result == nullptr)
+        return static_cast<LONG>(ERROR_INVALID_PARAMETER);
+    std::optional<OpenKey> base = Find(key);
+    if (!base)
+        return static_cast<LONG>(ERROR_INVALID_HANDLE);
+    return SubKeyPath(base->path, subKey, path);
+}
+
 std::string_view ValueName(LPCSTR name) {
     return name && *name ? name : "@";
 }
@@ -84,13 +94,8 @@ std::string_view ValueName(LPCSTR name) {
 }  // namespace
 
 LONG RegOpenKeyEx(HKEY key, LPCSTR subKey, DWORD options, REGSAM access, PHKEY result) {
-    if (result == nullptr)
-        return static_cast<LONG>(ERROR_INVALID_PARAMETER);
-    std::optional<OpenKey> base = Find(key);
-    if (!base)
-        return static_cast<LONG>(ERROR_INVALID_HANDLE);
     std::string path;
-    if (LONG error = SubKeyPath(base->path, subKey, path))
+    if (LONG error = KeyPath(key, subKey, result, path))
         return error;
     if (!Exists(*LoadProfile(RegistryPath()), path))
         return static_cast<LONG>(ERROR_FILE_NOT_FOUND);
@@ -100,13 +105,8 @@ LONG RegOpenKeyEx(HKEY key, LPCSTR subKey, DWORD options, REGSAM access, PHKEY r
 
 LONG RegCreateKeyEx(HKEY key, LPCSTR subKey, DWORD reserved, LPSTR keyClass, DWORD options,
                     REGSAM access, LPVOID securityAttributes, PHKEY result, LPDWORD disposition) {
-    if (result == nullptr)
-        return static_cast<LONG>(ERROR_INVALID_PARAMETER);
-    std::optional<OpenKey> base = Find(key);
-    if (!base)
-        return static_cast<LONG>(ERROR_INVALID_HANDLE);
     std::string path;
-    if (LONG error = SubKeyPath(base->path, subKey, path))
+    if (LONG error = KeyPath(key, subKey, result, path))
         return error;
     bool existed = Exists(*LoadProfile(RegistryPath()), path);
     if (!existed) {
