@@ -2,12 +2,15 @@
 // WM_NOTIFY, with the arguments each carries.
 #pragma once
 
+#include "host/project_messages.h"
 #include "platform/win/types.h"
 
 namespace velorand::host {
 
-// lParam a line of the editor's command language, run by the view.
-inline constexpr win::UINT PM_RUN_SCRIPT = 0x6870;
+// PM_RUN_SCRIPT and PM_SHOW_INFO_FILE are the component's own, in host/project_messages.h.
+using velorand::PM_RUN_SCRIPT;
+using velorand::PM_SHOW_INFO_FILE;
+
 // lParam a schematic's path: the view takes that file's content in place of its own.
 inline constexpr win::UINT PM_IMPORT_TEXT = 0x6421;
 // To a frame; lParam "old path+new path+report file": a schematic was renamed.
@@ -20,9 +23,6 @@ inline constexpr win::UINT kRuleCheckBufferSize = 2048;
 inline constexpr win::UINT PM_PRINT_VIEW = 0x014D;
 // To a child frame; wParam 1 or 0: rule check mode on or off.
 inline constexpr win::UINT PM_RULE_CHECK_MODE = 0x014F;
-// Posted; lParam a documentation file's path made with new char[], which the receiver
-// deletes.
-inline constexpr win::UINT PM_SHOW_INFO_FILE = 0x0151;
 
 // Commands that the project gives the host.
 inline constexpr win::UINT ID_TEMPLATE_REFRESH = 25621;  // to the netlist document: reread it

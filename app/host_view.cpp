@@ -89,8 +89,8 @@ win::LRESULT CHostView::WindowProc(win::UINT msg, win::WPARAM wParam, win::LPARA
         }
         case PM_SHOW_INFO_FILE: {
             // The sender made the string for us; it is ours to free.
-            std::unique_ptr<char[]> path(reinterpret_cast<char*>(lParam));
-            Log("show info file " + std::string(path ? path.get() : ""));
+            std::unique_ptr<std::string> path(reinterpret_cast<std::string*>(lParam));
+            Log("show info file " + (path ? *path : std::string()));
             return 0;
         }
         default:
