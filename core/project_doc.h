@@ -129,6 +129,38 @@ class CProjectDoc : public afx::CDocument {
     std::string GetSuiteProfileString(const char* section, const char* entry,
                                       const char* defaultValue) const;
 
+    // --- Open, save and close ---
+
+    // Brings the read project into the host: tree, files, windows, netlist; 1 or 0.
+    int LoadProject(const char* path, win::BOOL isNew);
+    // The checks a project must pass before it loads; 1 or 0.
+    int ValidateProject(win::BOOL isNew);
+    // Shows the project dialog for the open project; 1 if it ran.
+    int ModifyProject();
+    // Stores the state of all open files: work files on a plain save, the real files
+    // after the user's answers on a close; 1, or 0 if the user stopped it.
+    int SaveProjectState(win::BOOL closing, win::BOOL crash);
+    // The project's save: its date and top schematic by key, the work files, the tree
+    // and the netlist; 1 when all is up to date.
+    int UpdateProject(win::BOOL markModified);
+    // Saves, closes the project's windows and gives back the lock; 0 if refused.
+    int CloseProject();
+    // Gives a host document its title, with the project's name in front when it belongs.
+    void SetDocTitle(afx::CDocument* doc, win::BOOL inProject, const char* text);
+    // The lock file beside a project file: "~%" in front of its name, which keeps its
+    // length from 11 characters on.
+    static std::string GetLockFileName(const std::string& path);
+
+    // --- Crash recovery ---
+
+    // The host is dying (code 329): saves into the work folder, keeps it and notes it in
+    // the project file and the profile; 1.
+    int OnFatalError(ProjectNotify* record);
+    // Before a project file is read: offers the files a crash left behind; 0 if refused.
+    int CheckCrashRecovery(const char* projectPath);
+    // Copies the files of a kept work folder into the project's folder; 0 without a path.
+    int RecoverFiles(const char* folder);
+
     // --- Project file ---
 
     // Reads the project file line by line into the fields and mruFiles; 0 when it can't be
