@@ -14,6 +14,8 @@ IMPLEMENT_DYNAMIC(CHostView, CView)
 
 namespace {
 
+std::function<void(const CHostView&, const std::string&)> eventListener;
+
 // The project's records whose argument is a text: commands, the close question, renames.
 bool CarriesText(const ProjectNotify& record) {
     if (record.idFrom != static_cast<win::UINT_PTR>(kProjectSender) || record.argument == 0) {
@@ -44,7 +46,12 @@ std::string DescribeNotify(const ProjectNotify& record) {
 
 NotifyOutcome CHostView::Notify(win::UINT code, afx::CDocument* document, int option,
                                 win::LPARAM argument) {
-    return NotifyProject(m_hWndOwner, m_hWnd, SenderId(), code, document, option, argument);
+    return NotifyAs(SenderId(), code, document, option, argument);
+}
+
+NotifyOutcome CHostView::NotifyAs(int sender, win::UINT code, afx::CDocument* document, int option,
+                                  win::LPARAM argument) {
+    return NotifyProject(m_hWndOwner, m_hWnd, sender, code, document, option, argument);
 }
 
 void CHostView::Announce() {
@@ -58,6 +65,14 @@ void CHostView::Announce() {
 
 void CHostView::Log(std::string line) {
     events_.push_back(std::move(line));
+    if (eventListener) {
+        eventListener(*this, events_.back());
+    }
+}
+
+void CHostView::SetEventListener(
+    std::function<void(const CHostView& view, const std::string& line)> listener) {
+    eventListener = std::move(listener);
 }
 
 void CHostView::LogError(const std::string& reason) {

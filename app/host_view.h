@@ -9,6 +9,7 @@
 // and further lines that each view names for its own messages.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ class CHostView : public afx::CView {
     // Sends the project a record from this view; `delivered` is false without a project.
     NotifyOutcome Notify(win::UINT code, afx::CDocument* document = nullptr, int option = 0,
                          win::LPARAM argument = 0);
+    // The same under another sender number, as a script may send it.
+    NotifyOutcome NotifyAs(int sender, win::UINT code, afx::CDocument* document, int option,
+                           win::LPARAM argument);
     // Tells the project that the view's document has opened (code 200), then asks for
     // its title (code 234).
     void Announce();
@@ -34,6 +38,10 @@ class CHostView : public afx::CView {
     void ClearEvents() { events_.clear(); }
     // Adds a line to the events.
     void Log(std::string line);
+    // Called with every line that any host view adds to its events, as it is added; null
+    // stops it.
+    static void SetEventListener(
+        std::function<void(const CHostView& view, const std::string& line)> listener);
 
     win::LRESULT WindowProc(win::UINT msg, win::WPARAM wParam, win::LPARAM lParam) override;
 

@@ -56,6 +56,9 @@ void CMainFrame::Record(win::UINT msg, win::WPARAM wParam, win::LPARAM lParam, b
         m.text = reinterpret_cast<const char*>(lParam);
     }
     messages_.push_back(std::move(m));
+    if (listener_) {
+        listener_(messages_.back());
+    }
 }
 
 win::LRESULT CMainFrame::WindowProc(win::UINT msg, win::WPARAM wParam, win::LPARAM lParam) {

@@ -40,6 +40,11 @@ class CMainFrame : public afx::CMDIFrameWnd {
     // The ids of the WM_COMMAND messages among them, in order.
     std::vector<win::UINT> Commands() const;
     void ClearMessages() { messages_.clear(); }
+    // Called with each message as it is recorded, before the frame acts on it: a
+    // transcript shows the status line as it changes.
+    void SetMessageListener(std::function<void(const HostMessage&)> listener) {
+        listener_ = std::move(listener);
+    }
 
     // True while a command is on its way along the frame's command route.
     bool Routing() const { return routing_ > 0; }
@@ -61,6 +66,7 @@ class CMainFrame : public afx::CMDIFrameWnd {
     std::string status_;
     std::vector<HostMessage> messages_;
     std::deque<std::function<void()>> actions_;
+    std::function<void(const HostMessage&)> listener_;
     int routing_ = 0;
 };
 
