@@ -82,7 +82,14 @@ std::string Transcript::ShowPosix(const std::string& posixPath) const {
 
 std::string Transcript::ShowPath(const std::string& platformPath) const {
     std::optional<std::string> posix = win::PosixPath(platformPath);
-    return posix ? ShowPosix(*posix) : platformPath;
+    if (!posix) {
+        return platformPath;
+    }
+    // A folder keeps its closing separator.
+    if (platformPath.ends_with('\\') && !posix->ends_with('/')) {
+        *posix += '/';
+    }
+    return ShowPosix(*posix);
 }
 
 std::string Transcript::ShowText(const std::string& text) const {
