@@ -32,6 +32,7 @@ class CProjectView;
 class SimulatorInfo;
 struct ListingScratch;
 struct ProjectNotify;
+struct ProjectSettings;
 
 class CProjectDoc : public afx::CDocument {
     DECLARE_DYNCREATE(CProjectDoc)
@@ -137,6 +138,8 @@ class CProjectDoc : public afx::CDocument {
     int ValidateProject(win::BOOL isNew);
     // Shows the project dialog for the open project; 1 if it ran.
     int ModifyProject();
+    // Takes the project dialog's values into the document and the project file; 1.
+    int ApplyProjectSettings(const ProjectSettings& values);
     // Stores the state of all open files: work files on a plain save, the real files
     // after the user's answers on a close; 1, or 0 if the user stopped it.
     int SaveProjectState(win::BOOL closing, win::BOOL crash);
@@ -360,6 +363,12 @@ class CProjectDoc : public afx::CDocument {
     void NotePendingReport(win::BOOL state, win::UINT code);
 
   private:
+    // Takes the lock file of the path name's project into lockFile; lockHeld tells
+    // whether it was had.
+    win::BOOL TakeLockFile();
+    // Gives the lock back and removes its file; nothing happens without a lock.
+    void ReleaseLockFile();
+
     // The listing reader: one pass over treeStream, line by line in `line`. Each part
     // leaves the line it stopped at for the next.
     bool ReadTreeLine();
