@@ -112,11 +112,11 @@ bool VelorandProcess::ReadSome(std::chrono::milliseconds timeout) {
 
 bool VelorandProcess::WaitForLine(const std::string& text, std::chrono::seconds timeout) {
     const auto end = std::chrono::steady_clock::now() + timeout;
-    std::size_t checked = 0;
     for (;;) {
-        for (std::size_t lineEnd; (lineEnd = out_.find('\n', checked)) != std::string::npos;
-             checked = lineEnd + 1) {
-            if (out_.substr(checked, lineEnd - checked).find(text) != std::string::npos) {
+        for (std::size_t lineEnd; (lineEnd = out_.find('\n', checked_)) != std::string::npos;) {
+            const bool found = out_.find(text, checked_) < lineEnd;
+            checked_ = lineEnd + 1;
+            if (found) {
                 return true;
             }
         }

@@ -29,8 +29,8 @@ class VelorandProcess {
 
     // Writes to its standard input.
     void Write(const std::string& text);
-    // Reads its standard output until a line holds `text`; false when the output ends or
-    // the time runs out before.
+    // Reads its standard output until a line after the last one found holds `text`; false
+    // when the output ends or the time runs out before.
     bool WaitForLine(const std::string& text,
                      std::chrono::seconds timeout = std::chrono::seconds(60));
     // What it has written to its standard output so far.
@@ -53,6 +53,7 @@ class VelorandProcess {
     int errPipe_ = -1;
     std::string out_;
     std::string err_;
+    std::size_t checked_ = 0;  // the output up to here has been looked at
 };
 
 // Runs the program to its end with the input.
