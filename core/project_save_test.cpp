@@ -38,6 +38,14 @@ class ProjectSaveTest : public testing::LoadedProjectTest {
         part->SetModifiedFlag(win::TRUE);
     }
 
+    // The project closes at the end of the test: the user's answers are over by then.
+    void TearDown() override {
+        for (CSheetDoc* sheet : Sheets()) {
+            sheet->SetModifiedFlag(win::FALSE);
+        }
+        LoadedProjectTest::TearDown();
+    }
+
     // The host closes a project's document by telling the hub, which takes it out of the
     // project's lists.
     void ForgetClosedSheets() {

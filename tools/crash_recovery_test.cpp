@@ -68,8 +68,9 @@ TEST_F(CrashRecoveryTest, TheFatalErrorKeepsTheUnsavedWorkAndNotesWhereItLies) {
     EXPECT_EQ(ProfileValue("LastOpenProject"), doc->GetPathName());
     EXPECT_EQ(ProfileValue("DoRecovery"), "1");
 
-    // The work folder outlives the project's close.
-    doc->RemoveWorkFolder(nullptr);
+    // The work folder outlives the project's close, which asks nothing more.
+    sheet->SetModifiedFlag(win::FALSE);
+    doc->OnCloseDocument();
     EXPECT_TRUE(fs::exists(sandbox.Posix("p/proj.~PT/amp.sch")));
 }
 
