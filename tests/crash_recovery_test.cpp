@@ -36,8 +36,8 @@ TEST_F(CrashRecoveryTest, TheCrashKeepsTheWorkAndYesBringsItBack) {
     const std::string saved = sandbox.Read("amp2/amp2.~PT/amp2.sch");
     EXPECT_NE(saved.find("use dcfeed S1 vcc V=5.0"), std::string::npos) << saved;
 
-    Finished recover = RunScript("recover.script",
-                                 "answer yes\nopen-project amp2/amp2.vpj\nclose-project\n");
+    Finished recover =
+        RunScript("recover.script", "answer yes\nopen-project amp2/amp2.vpj\nclose-project\n");
     EXPECT_EQ(recover.exitCode, 0) << recover.out;
     EXPECT_NE(recover.out.find("box: Velorand - Project Manager | Some files were saved from "
                                "previous program exception.\\n\\nDo you wish to recover these "

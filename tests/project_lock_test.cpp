@@ -28,10 +28,12 @@ TEST_F(ProjectLockTest, ASecondProcessIsRefusedWhileTheFirstHoldsTheProjectOpen)
         }
         return false;
     };
-    EXPECT_TRUE(has("| Unable to open: amp2/amp2.vpj\\nThis file is already in use or can't be "
-                    "shared. -> ok"))
+    EXPECT_TRUE(
+        has("| Unable to open: amp2/amp2.vpj\\nThis file is already in use or can't be "
+            "shared. -> ok"))
         << second.out;
-    EXPECT_TRUE(has("| Unable to open: amp2/amp2.vpj\\nPlease check if sharing is permitted. -> ok"))
+    EXPECT_TRUE(
+        has("| Unable to open: amp2/amp2.vpj\\nPlease check if sharing is permitted. -> ok"))
         << second.out;
     EXPECT_TRUE(has("error: line 0: the project amp2/amp2.vpj was not opened")) << second.out;
     EXPECT_FALSE(has("tree:")) << second.out;
@@ -45,7 +47,7 @@ TEST_F(ProjectLockTest, ASecondProcessIsRefusedWhileTheFirstHoldsTheProjectOpen)
     first.Kill();
     Finished third = Run({"open", "amp2/amp2.vpj"});
     EXPECT_EQ(third.exitCode, 0) << third.out << third.err;
-    EXPECT_NE(third.out.find("tree:\n  amp2\n"), std::string::npos) << third.out;
+    EXPECT_NE(third.out.find("tree:\n  amp2 - [Quintaris]\n"), std::string::npos) << third.out;
 }
 
 }  // namespace

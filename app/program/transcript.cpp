@@ -1,6 +1,7 @@
 #include "app/program/transcript.h"
 
 #include <cctype>
+#include <cstring>
 #include <optional>
 
 #include "platform/win/paths.h"
@@ -102,6 +103,10 @@ std::string Transcript::ShowText(const std::string& text) const {
         std::size_t end = at;
         while (end < text.size() && !EndsPath(text[end])) {
             ++end;
+        }
+        // A sentence's closing mark is no part of the path; names don't end in one.
+        while (end > at + 3 && std::strchr(".,;:?!", text[end - 1]) != nullptr) {
+            --end;
         }
         shown += ShowPath(text.substr(at, end - at));
         at = end;

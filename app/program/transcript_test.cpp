@@ -65,6 +65,8 @@ TEST_F(TranscriptTest, PlatformPathsInsideATextAreShownAsPaths) {
               "notify 240 \"a.sch+b\" (X1 <-> b.sch)");
     // Letters before a colon that belong to a word are no drive.
     EXPECT_EQ(transcript.ShowText("ABC:\\x and C:\\work\\a.sch"), "ABC:\\x and a.sch");
+    EXPECT_EQ(transcript.ShowText("Save changes to amp2 - C:\\work\\a.sch?"),
+              "Save changes to amp2 - a.sch?");
     EXPECT_EQ(transcript.ShowText(""), "");
 }
 
