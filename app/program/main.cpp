@@ -35,8 +35,8 @@ int Play(const std::string& baseFolder, const CommandLine& line, const std::vect
         const bool terminal = isatty(STDIN_FILENO);
         done = session.PlayLines(stdin, terminal);
     }
-    session.End();
-    return done ? kExitSuccess : kExitFailure;
+    const bool ended = session.End();
+    return done && ended ? kExitSuccess : kExitFailure;
 }
 
 }  // namespace

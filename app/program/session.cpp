@@ -86,8 +86,10 @@ bool Session::PlayLines(std::FILE* in, bool prompt) {
     return allDone;
 }
 
-void Session::End() {
+bool Session::End() {
+    const int unanswered = seat_.Unanswered();
     host_.End();
+    return seat_.Unanswered() == unanswered;
 }
 
 }  // namespace velorand::program

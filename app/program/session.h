@@ -30,8 +30,9 @@ class Session {
     // is no action is reported and passed over. With `prompt` a prompt goes to the
     // standard error before each line. False when an action failed.
     bool PlayLines(std::FILE* in, bool prompt);
-    // Ends the host in order: the project is closed, the component unloaded.
-    void End();
+    // Ends the host in order: the project is closed, the component unloaded. False when
+    // a question on the way went unanswered.
+    bool End();
 
   private:
     // Plays one action; false when it failed. A host that crashed ends the process here,
