@@ -129,8 +129,8 @@ afx::CFrameWnd* CProjectDoc::GetDocFrame(afx::CDocument* doc, win::BOOL notify) 
         record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
         record.idFrom = kFromProject;
         record.code = kCodeFrameAsked;
-        record.document = doc;
-        view->SendMessage(win::WM_NOTIFY, kFromProject, reinterpret_cast<win::LPARAM>(&record));
+        record.argument = reinterpret_cast<win::LPARAM>(view);
+        view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
     }
     afx::CFrameWnd* frame = view->GetParentFrame();
     if (frame == nullptr || !win::IsWindow(frame->m_hWnd)) {
