@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/project_doc.h"
+#include "core/testing/example_project.h"
 #include "core/testing/loaded_project.h"
 #include "host/project_notify.h"
 #include "platform/win/app_profile.h"
@@ -136,6 +137,56 @@ TEST_F(CrashRecoveryTest, FilesAreRecoveredOnlyIntoTheFolderOfAProjectFile) {
 
     doc->SetPathName("", win::FALSE);
     EXPECT_EQ(doc->RecoverFiles(sandbox.Platform("kept").c_str()), 0);
+}
+
+// The whole way: the host dies with a changed schematic, and the project is opened again.
+class CrashAndReopenTest : public testing::ExampleProjectTest {
+  protected:
+    void SetUp() override {
+        ExampleProjectTest::SetUp();
+        CProjectDoc* doc = Open(kExample);
+        ASSERT_NE(doc, nullptr);
+        auto* top = dynamic_cast<CSheetDoc*>(doc->topDoc);
+        ASSERT_NE(top, nullptr);
+        doc->Attach(nullptr, top);
+        changed = top->text + "\n";
+        top->text = changed;
+        top->SetModifiedFlag(win::TRUE);
+        ProjectNotify record;
+        user.Answer(win::IDOK);
+        doc->OnFatalError(&record);
+        // The host ends without further questions; its process, and the lock, go.
+        top->SetModifiedFlag(win::FALSE);
+        doc->OnCloseDocument();
+        original = sandbox.Read("amp2/amp2.sch");
+    }
+
+    std::string changed;
+    std::string original;
+};
+
+TEST_F(CrashAndReopenTest, TheNextOpenOffersTheSavedFilesAndYesTakesThemBack) {
+    EXPECT_EQ(sandbox.Read("amp2/amp2.~PT/amp2.sch"), changed);
+    EXPECT_NE(original, changed);
+    user.Answer(win::IDYES);
+    ASSERT_NE(Open(kExample), nullptr);
+    EXPECT_EQ(Boxes().back(), kQuestion);
+    EXPECT_EQ(sandbox.Read("amp2/amp2.sch"), changed);
+    EXPECT_THAT(sandbox.Read("amp2/amp2.vpj"), Not(HasSubstr("FatalPath")));
+}
+
+TEST_F(CrashAndReopenTest, NoEndsTheOpenQuietlyAndTheNextOpenDoesntAsk) {
+    user.Answer(win::IDNO);
+    EXPECT_EQ(Open(kExample), nullptr);
+    // Still in recovery: the failure has no message of its own.
+    EXPECT_EQ(Boxes().back(), kQuestion);
+    EXPECT_EQ(sandbox.Read("amp2/amp2.sch"), original);
+    EXPECT_FALSE(fs::exists(sandbox.Posix("amp2/~%amp2.vpj")));
+
+    const std::size_t boxes = Boxes().size();
+    ASSERT_NE(Open(kExample), nullptr);
+    EXPECT_EQ(Boxes().size(), boxes);
+    EXPECT_EQ(sandbox.Read("amp2/amp2.sch"), original);
 }
 
 }  // namespace

@@ -22,8 +22,8 @@ class ExampleProjectTest : public LoadedProjectTest {
     static constexpr char kExample[] = "C:\\amp2\\amp2.vpj";
 
     void SetUp() override {
-        std::filesystem::copy(std::string(VELORAND_EXAMPLES_DIR) + "/amp2",
-                              sandbox.Posix("amp2"), std::filesystem::copy_options::recursive);
+        std::filesystem::copy(std::string(VELORAND_EXAMPLES_DIR) + "/amp2", sandbox.Posix("amp2"),
+                              std::filesystem::copy_options::recursive);
         InstallTemplateList("Simulator=Quintaris,Lumentra\n");
         win::WriteProfileInt("Project", "SkipNetlist", 0);
         LoadedProjectTest::SetUp();
