@@ -70,11 +70,9 @@ Player::Outcome Player::Play(const Action& action) {
     } else if (name == "notify") {
         done = Notify(action, error);
     } else if (name == "answer") {
-        done = seat_.QueueAnswer(action.arguments[0]);
-        error = "\"" + action.arguments[0] + "\" is no answer to a question";
+        done = Answer(action, error);
     } else if (name == "tree") {
-        done = host_.ShowTree();
-        error = "no project is open";
+        done = Tree(error);
     } else if (name == "status") {
         transcript_.Write("status", transcript_.ShowText(host_.MainFrame()->StatusText()));
     } else if (name == "show") {
@@ -255,6 +253,22 @@ bool Player::Notify(const Action& action, std::string& error) {
         return false;
     }
     transcript_.Write("result", std::to_string(outcome.result));
+    return true;
+}
+
+bool Player::Answer(const Action& action, std::string& error) {
+    if (!seat_.QueueAnswer(action.arguments[0])) {
+        error = "\"" + action.arguments[0] + "\" is no answer to a question";
+        return false;
+    }
+    return true;
+}
+
+bool Player::Tree(std::string& error) {
+    if (!host_.ShowTree()) {
+        error = "no project is open";
+        return false;
+    }
     return true;
 }
 

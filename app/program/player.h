@@ -41,6 +41,8 @@ class Player {
     bool Edit(const Action& action, std::string& error);
     bool Command(const Action& action, std::string& error);
     bool Notify(const Action& action, std::string& error);
+    bool Answer(const Action& action, std::string& error);
+    bool Tree(std::string& error);
     bool Show(const Action& action, std::string& error);
     bool Expect(const Action& action, std::string& error);
 
