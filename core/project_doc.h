@@ -113,6 +113,13 @@ class CProjectDoc : public afx::CDocument {
     void DeleteContents() override;
     // Brings the active schematic's frame up, else the template's, else the next child.
     virtual void ActivateNextWindow();
+    // A new project through the project dialog; 0 when none was made and loaded.
+    win::BOOL OnNewDocument() override;
+    // Opens a project file, the default session for an empty path; 0 when it failed.
+    win::BOOL OnOpenDocument(win::LPCSTR path) override;
+    // Saves and closes the project and its windows unless the user refuses, then deletes
+    // the document. Nothing happens while the project is busy.
+    void OnCloseDocument() override;
 
     // A line on the host's status line.
     void StatusMessage(const std::string& text) const;
