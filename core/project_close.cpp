@@ -54,12 +54,12 @@ int CProjectDoc::CloseProject() {
 
     // A document whose load never began holds nothing of the file it was given, which
     // may be another user's project or no project at all: nothing is stored into it.
-    const bool loading = treeView != nullptr;
+    const bool loadBegan = treeView != nullptr;
     treeView = dynamic_cast<CProjectView*>(GetFirstDocView(this));
     treeFrame = treeView != nullptr ? treeView->GetParent() : nullptr;
     const win::HWND main = mainWnd != nullptr ? mainWnd->m_hWnd : nullptr;
     win::RemoveProp(main, "ProjectCmdUI");
-    if (loading && !SaveProjectState(win::TRUE, win::FALSE)) {
+    if (loadBegan && !SaveProjectState(win::TRUE, win::FALSE)) {
         if (!topLevelSchematic.empty() && treeView != nullptr) {
             win::SetProp(main, "ProjectCmdUI", reinterpret_cast<win::HANDLE>(treeView->m_hWnd));
         }

@@ -346,7 +346,7 @@ class CProjectDoc : public afx::CDocument {
     // the editors are told.
     void OnCustomizing(ProjectNotify* record);
     // Puts the host's menus into a mode (option 1) or back (any other value); leaving
-    // with 0 brings the active child frame up and has its view bring itself up to date.
+    // with 0 brings the active child frame up and tells it so (code 309).
     void SetHostMenuMode(int option);
     // Code 248: closes the simulator's netlist document. 0 none open, 1 it refused, 2
     // closed, 3 left open because a project with schematics is open.

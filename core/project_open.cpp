@@ -114,12 +114,15 @@ afx::CDocument* CProjectDocTemplate::OpenDocumentFile(win::LPCSTR path, win::BOO
 }
 
 win::BOOL CProjectDoc::OnNewDocument() {
-    // The dialog's commit names the project; the values it ends with are taken over once
-    // more before the load.
-    ProjectSettings values;
-    values.mode = kModeNewProject;
     afx::CDialog dialog(kProjectDialogId, mainWnd);
-    if (dialog.DoModal() == -1 || projectID.empty() || ApplyProjectSettings(values) != 1) {
+    if (dialog.DoModal() == -1 || projectID.empty()) {
+        return win::FALSE;
+    }
+    // The dialog's commit has named the project and taken its values over; they are
+    // applied once more, as the dialog left them, before the load.
+    const ProjectSettings values{kModeNewProject, projectID, topLevelSchematic,
+                                 location,        simulator, searchPaths};
+    if (ApplyProjectSettings(values) != 1) {
         return win::FALSE;
     }
     return LoadProject(GetPathName().c_str(), win::TRUE);

