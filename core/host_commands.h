@@ -20,6 +20,13 @@ inline constexpr win::UINT kCmdSaveBegins = 26478;
 inline constexpr win::UINT kCmdSaveEnds = 26479;
 // To the simulator template through its own route: read the netlist again.
 inline constexpr win::UINT kCmdTemplateRefresh = 25621;
+// To the main window, sent: the component has changed the main window's menu; a mode of
+// the host's menus begins and ends.
+inline constexpr win::UINT kCmdMenuChanged = 26467;
+inline constexpr win::UINT kCmdMenuModeOn = 26469;
+inline constexpr win::UINT kCmdMenuModeOff = 26471;
+// To the main window, posted: the last step after a fatal error of the host.
+inline constexpr win::UINT kCmdFatalEnd = 25612;
 // To the main window, sent for a project file without a name of its own.
 inline constexpr win::UINT kMsgProjectWithoutName = 0x68A3;
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/component_module.h"
+#include "core/host_commands.h"
 #include "core/project_cmd_ui.h"
 #include "core/project_doc.h"
 #include "host/project_notify.h"
@@ -27,7 +28,6 @@ constexpr win::UINT kDeviceSelection = 26529;
 constexpr win::UINT kAutoGenerateLayout = 26534;
 constexpr win::UINT kSearchPath = 26459;
 constexpr win::UINT kRuleCheck = 26485;
-constexpr win::UINT kMenuChanged = 26467;
 // Where the Layout and Parts menus go in the template's menu bar.
 constexpr win::UINT kInsertPosition = 3;
 
@@ -113,7 +113,7 @@ void CProjectDoc::MergeTemplateMenus(ProjectNotify* record) {
     win::HWND main = mainWnd ? mainWnd->m_hWnd : nullptr;
     if (topLevelSchematic.empty()) {
         win::SetMenu(main, menu);
-        win::SendMessage(main, win::WM_COMMAND, kMenuChanged, 0);
+        win::SendMessage(main, win::WM_COMMAND, kCmdMenuChanged, 0);
         win::UpdateWindow(main);
     }
     if (record->idFrom == 145)

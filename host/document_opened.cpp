@@ -1,6 +1,7 @@
 // A host document has opened (code 200): it joins the project. A schematic that is none of
 // the project's is worth a warning, since the project's analysis will not see it; the
 // simulator template's view brings the menu that the frame shows while no schematics are.
+#include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "core/warning_dlg.h"
 #include "host/notify_codes.h"
@@ -14,7 +15,6 @@ namespace velorand {
 
 namespace {
 
-constexpr win::UINT kCmdMenuChanged = 26467;
 constexpr const char* kSkipKey = "SkipAssociationDlg";
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The host's menus go into a mode and out of it again, by commands to the main window. On
 // the way out the active child frame comes up again, and its view is told to bring itself
 // up to date.
+#include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "host/notify_codes.h"
 #include "host/project_notify.h"
@@ -11,12 +12,7 @@
 
 namespace velorand {
 
-namespace {
-
-constexpr win::UINT kCmdMenuModeOn = 26469;
-constexpr win::UINT kCmdMenuModeOff = 26471;
-
-}  // namespace
+namespace {}  // namespace
 
 void CProjectDoc::SetHostMenuMode(int option) {
     if (mainWnd == nullptr)

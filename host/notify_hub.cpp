@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <initializer_list>
 
+#include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
 #include "host/notify_codes.h"
@@ -19,8 +20,6 @@
 namespace velorand {
 
 namespace {
-
-constexpr win::UINT kCmdFatalEnd = 25612;
 
 // The senders that the hub serves; a row's senders are a set of their bits.
 constexpr std::array<win::UINT_PTR, 13> kSenders = {100, 101, 105, 107, 110, 115, 125,

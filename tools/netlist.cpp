@@ -1,6 +1,7 @@
 // Keeping the netlist up to date: the check that an analysis may write its outputs, and
 // the run of the simulator's translator over the schematics.
 #include "core/file_kinds.h"
+#include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
 #include "platform/afx/frame_wnd.h"
@@ -15,13 +16,9 @@ namespace velorand {
 
 namespace {
 
-// Commands to the host's main window around an update, and to the template's frame.
-constexpr win::UINT kCmdUpdateBegins = 26476;
-constexpr win::UINT kCmdUpdateEnds = 26477;
+// To the template's frame during a tuning run, in place of the translator.
 constexpr win::UINT kCmdTuningNetlist = 1004;
 constexpr win::LPARAM kTuningNetlistArgument = 9998;
-// Told to the template document when its netlist file was changed.
-constexpr win::UINT kCmdNetlistChanged = 25621;
 
 }  // namespace
 
@@ -48,7 +45,7 @@ int CProjectDoc::CheckOutputsWritable() {
 
 int CProjectDoc::RefreshAndNetlist() {
     if (mainWnd != nullptr)
-        mainWnd->SendMessage(win::WM_COMMAND, kCmdUpdateBegins, 0);
+        mainWnd->SendMessage(win::WM_COMMAND, kCmdLoadBegins, 0);
     if (!topLevelSchematic.empty() && treeValid && autoOpenFile && netlistFile.empty() &&
         templateDoc == nullptr && OpenSimulatorTemplate() == 0)
         return 0;
@@ -60,7 +57,7 @@ int CProjectDoc::RefreshAndNetlist() {
     if (templateDoc != nullptr)
         RunNetlist();
     if (mainWnd != nullptr)
-        mainWnd->SendMessage(win::WM_COMMAND, kCmdUpdateEnds, 0);
+        mainWnd->SendMessage(win::WM_COMMAND, kCmdLoadEnds, 0);
     return 1;
 }
 
@@ -79,7 +76,7 @@ int CProjectDoc::RunNetlist() {
     if (result == 0)
         SetModifiedFlag(win::FALSE);
     if (templateDoc != nullptr && !FilesEqual(netlistFile, netlistCopy))
-        templateDoc->OnCmdMsg(kCmdNetlistChanged, 0, nullptr, nullptr);
+        templateDoc->OnCmdMsg(kCmdTemplateRefresh, 0, nullptr, nullptr);
     win::DeleteFile(netlistCopy.c_str());
     return result;
 }
