@@ -27,7 +27,6 @@ namespace velorand {
 
 namespace {
 
-constexpr char kCannotMake[] = "Failed to create the document.";
 constexpr char kSessionFile[] = "%session.vpj";
 constexpr win::DWORD kUserNameBuffer = 256;
 
@@ -56,7 +55,7 @@ afx::CDocument* CProjectDocTemplate::OpenDocumentFile(win::LPCSTR path, win::BOO
     auto* doc = dynamic_cast<CProjectDoc*>(CreateNewDocument());
     currentDoc = doc;
     if (doc == nullptr) {
-        AppMessageBox(kCannotMake, win::MB_OK | win::MB_ICONEXCLAMATION);
+        afx::ReportDocumentNotMade();
         return nullptr;
     }
     afx::CWnd* main = afx::AfxGetMainWnd();
@@ -65,7 +64,7 @@ afx::CDocument* CProjectDocTemplate::OpenDocumentFile(win::LPCSTR path, win::BOO
     afx::CFrameWnd* frame = CreateNewFrame(doc, nullptr);
     doc->m_bAutoDelete = autoDelete;
     if (frame == nullptr) {
-        AppMessageBox(kCannotMake, win::MB_OK | win::MB_ICONEXCLAMATION);
+        afx::ReportDocumentNotMade();
         delete doc;
         currentDoc = nullptr;
         return nullptr;

@@ -7,10 +7,10 @@
 
 #include "core/file_kinds.h"
 #include "core/project_doc.h"
+#include "core/temp_folder.h"
 #include "platform/win/current_directory.h"
 #include "platform/win/file_attributes.h"
 #include "platform/win/private_profile.h"
-#include "platform/win/temp_path.h"
 
 namespace velorand {
 
@@ -20,12 +20,6 @@ constexpr std::size_t kMaxProjectName = 256;
 
 bool FileExists(const std::string& path) {
     return win::GetFileAttributes(path.c_str()) != win::INVALID_FILE_ATTRIBUTES;
-}
-
-std::string TempFolder() {
-    char buffer[win::MAX_PATH];
-    const win::DWORD length = win::GetTempPath(sizeof buffer, buffer);
-    return length > 0 && length < sizeof buffer ? std::string(buffer, length) : std::string();
 }
 
 }  // namespace

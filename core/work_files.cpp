@@ -5,25 +5,19 @@
 
 #include "core/file_kinds.h"
 #include "core/project_doc.h"
+#include "core/temp_folder.h"
 #include "platform/afx/document.h"
 #include "platform/win/file_attributes.h"
 #include "platform/win/files.h"
 #include "platform/win/find.h"
 #include "platform/win/folders.h"
 #include "platform/win/strings.h"
-#include "platform/win/temp_path.h"
 
 namespace velorand {
 
 namespace {
 
 constexpr std::size_t kMaxFileName = 256;
-
-std::string TempFolder() {
-    char buffer[win::MAX_PATH];
-    win::DWORD length = win::GetTempPath(sizeof buffer, buffer);
-    return length > 0 && length < sizeof buffer ? std::string(buffer, length) : std::string();
-}
 
 bool Exists(const std::string& path) {
     return win::GetFileAttributes(path.c_str()) != win::INVALID_FILE_ATTRIBUTES;

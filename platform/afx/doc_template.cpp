@@ -131,4 +131,10 @@ void CDocTemplate::CloseAllDocuments(BOOL endSession) {
     }
 }
 
+void ReportDocumentNotMade() {
+    if (CWinApp* app = AfxGetApp()) {
+        app->DoMessageBox("Failed to create the document.", MB_OK | MB_ICONEXCLAMATION, 0);
+    }
+}
+
 }  // namespace afx

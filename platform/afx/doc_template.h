@@ -64,4 +64,8 @@ class CDocTemplate : public CCmdTarget {
     win::HINSTANCE m_hResources;  // the module whose resources the template uses
 };
 
+// The framework's message 0xF104 in the application's box: a document or its frame could
+// not be made.
+void ReportDocumentNotMade();
+
 }  // namespace afx

@@ -52,18 +52,6 @@ CDocument* CMultiDocTemplate::GetNextDoc(POSITION& pos) const {
     return m_docList[i];
 }
 
-namespace {
-
-constexpr char kCannotMake[] = "Failed to create the document.";
-
-void TellFailure() {
-    if (CWinApp* app = AfxGetApp()) {
-        app->DoMessageBox(kCannotMake, MB_OK | MB_ICONEXCLAMATION, 0);
-    }
-}
-
-}  // namespace
-
 // The frame goes, and the document with its last view; a document without views is
 // deleted here.
 void CMultiDocTemplate::Discard(CFrameWnd* frame, CDocument* doc) {
@@ -76,7 +64,7 @@ void CMultiDocTemplate::Discard(CFrameWnd* frame, CDocument* doc) {
 CDocument* CMultiDocTemplate::OpenDocumentFile(win::LPCSTR path, BOOL makeVisible) {
     CDocument* doc = CreateNewDocument();
     if (doc == nullptr) {
-        TellFailure();
+        ReportDocumentNotMade();
         return nullptr;
     }
     BOOL autoDelete = doc->m_bAutoDelete;
@@ -84,7 +72,7 @@ CDocument* CMultiDocTemplate::OpenDocumentFile(win::LPCSTR path, BOOL makeVisibl
     CFrameWnd* frame = CreateNewFrame(doc, nullptr);
     doc->m_bAutoDelete = autoDelete;
     if (frame == nullptr) {
-        TellFailure();
+        ReportDocumentNotMade();
         delete doc;
         return nullptr;
     }
