@@ -79,6 +79,10 @@ void BM_ReadListing(benchmark::State& state) {
     }
     state.counters["items"] = doc->treeView->GetTreeCtrl().GetCount();
     state.counters["records"] = static_cast<double>(doc->schematics.size());
+    double reads = static_cast<double>(state.iterations());
+    state.counters["reader_ms"] = reader * 1e3 / reads;
+    state.counters["wc_ms"] = wc * 1e3 / reads;
+    state.counters["awk_ms"] = awk * 1e3 / reads;
     state.counters["ratio"] = reader / wc;
     state.counters["awk_ratio"] = awk / reader;
 }

@@ -317,7 +317,7 @@ class CProjectDoc : public afx::CDocument {
     int ReadHierarchy();
     void ReadLevels(win::HTREEITEM topItem);
     win::HTREEITEM AddHierarchyItem(win::HTREEITEM parent, int level);
-    void CreateRecord(const std::string& name, const std::string& path, win::HTREEITEM item);
+    void CreateRecord(std::string_view name, const std::string& path, win::HTREEITEM item);
     void ReadFileList();
     void LinkOpenDocuments();
     void FillDocumentationNode();

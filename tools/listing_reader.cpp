@@ -3,7 +3,6 @@
 // the document's line buffer. Each part leaves the line it stopped at in `line`
 // for the next.
 #include <cstring>
-#include <unordered_map>
 
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
@@ -14,6 +13,7 @@
 #include "platform/win/text_stream.h"
 #include "tools/line_reader.h"
 #include "tools/listing_lines.h"
+#include "tools/record_index.h"
 #include "tools/tool_launcher.h"
 #include "views/project_view.h"
 
@@ -22,10 +22,19 @@ namespace velorand {
 struct ListingScratch {
     explicit ListingScratch(std::istream& stream) : lines(stream) {}
     LineReader lines;
+    std::size_t length = 0;  // of the current line
     // The records by key, so that a name met again costs a hash and not a walk of the map.
-    std::unordered_map<std::string, SchematicNode*> records;
-    std::string key, name, tag, path, text;
+    RecordIndex records;
+    std::string key, path, text;
 };
+
+namespace {
+
+std::string_view CurrentLine(const ListingScratch& scratch, const char* line) {
+    return std::string_view(line, scratch.length);
+}
+
+}  // namespace
 
 int CProjectDoc::ReadListing(const std::string& listingPath) {
     if (!win::OpenTextStream(treeStream, listingPath.c_str()))
@@ -45,36 +54,33 @@ int CProjectDoc::ReadListing(const std::string& listingPath) {
 }
 
 bool CProjectDoc::ReadTreeLine() {
-    return listingScratch->lines.Next(line, sizeof line);
+    return listingScratch->lines.Next(line, sizeof line, listingScratch->length);
 }
 
-void CProjectDoc::CreateRecord(const std::string& name, const std::string& path,
+void CProjectDoc::CreateRecord(std::string_view name, const std::string& path,
                                win::HTREEITEM item) {
     std::string& key = listingScratch->key;
-    key.assign(name);
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    if (listingScratch->records.contains(key))
+    RecordKeyOf(name, key);
+    SchematicNode*& record = listingScratch->records.Place(key);
+    if (record != nullptr)
         return;
-    auto [it, made] = schematics.try_emplace(key);
-    listingScratch->records.emplace(key, &it->second);
-    if (!made)
-        return;
-    it->second.treeItem = item;
-    GetRealFile(path.c_str(), it->second.path);
+    // The map's keys come in mostly ascending from a sorted hierarchy; the hint then
+    // saves the search.
+    auto it = schematics.try_emplace(schematics.end(), key);
+    record = &it->second;
+    record->treeItem = item;
+    GetRealFile(path.c_str(), record->path);
 }
 
 win::HTREEITEM CProjectDoc::AddHierarchyItem(win::HTREEITEM parent, int level) {
     ListingScratch& s = *listingScratch;
-    std::string& name = s.name;
-    std::string& path = s.path;
-    if (line[0] == '\0' || !ScanHierarchyLine(line, level, name, s.tag, path))
+    std::string_view name, tag;
+    if (s.length == 0 || !ScanHierarchyLine(CurrentLine(s, line), level, name, tag, s.path))
         return nullptr;
-    s.text.assign(name).append("  [").append(s.tag).append("]");
-    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, path);
+    s.text.assign(name).append("  [").append(tag).append("]");
+    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, s.path);
     if (item != nullptr)
-        CreateRecord(name, path, item);
+        CreateRecord(name, s.path, item);
     return item;
 }
 
@@ -91,7 +97,7 @@ void CProjectDoc::ReadLevels(win::HTREEITEM topItem) {
     bool resumed = false;  // a deeper frame has just ended on the current line
     while (!frames.empty()) {
         Frame& frame = frames.back();
-        std::string_view token = FirstToken(line);
+        std::string_view token = FirstToken(CurrentLine(*listingScratch, line));
         int number = TokenNumber(token);
         if (token.empty() || number < frame.level) {
             frames.pop_back();
@@ -134,11 +140,14 @@ int CProjectDoc::ReadHierarchy() {
         if (line[0] == ' ')
             break;
     }
-    std::string name, path;
-    if (rootLine && root != nullptr && ScanRootLine(line, name, path)) {
-        win::HTREEITEM topItem = treeView->AddChildItem(root, name, path);
+    std::string_view name, path;
+    if (rootLine && root != nullptr &&
+        ScanRootLine(CurrentLine(*listingScratch, line), name, path)) {
+        listingScratch->path.assign(path);
+        win::HTREEITEM topItem =
+            treeView->AddChildItem(root, std::string(name), listingScratch->path);
         if (topItem != nullptr) {
-            CreateRecord(name, path, topItem);
+            CreateRecord(name, listingScratch->path, topItem);
             if (ReadTreeLine())
                 ReadLevels(topItem);
         }
@@ -154,15 +163,18 @@ int CProjectDoc::ReadHierarchy() {
 }
 
 void CProjectDoc::ReadFileList() {
+    ListingScratch& s = *listingScratch;
     win::HTREEITEM listRoot =
         showFileList ? treeView->AddRootItem(projectID + " - Project FileList") : nullptr;
     bool more;
     while ((more = ReadTreeLine()) && (line[0] == '\0' || line[0] == ' ')) {
     }
-    while (more && FirstToken(line) == "Schematic:") {
-        std::string path;
+    while (more && FirstToken(CurrentLine(s, line)) == "Schematic:") {
+        std::string_view pathText;
         int count = 0;
-        bool counted = ScanSchematicLine(line, path, count);
+        bool counted = ScanSchematicLine(CurrentLine(s, line), pathText, count);
+        std::string& path = s.path;
+        path.assign(pathText);
         win::HTREEITEM fileItem = nullptr;
         if (showFileList) {
             fileItem = treeView->AddChildItem(listRoot, path, path);
@@ -181,11 +193,11 @@ void CProjectDoc::ReadFileList() {
             else
                 RunTool("SheetMend", TF_PATHS, {"-f" + path});
         }
-        auto found = listingScratch->records.find(RecordKeyOfPath(path));
-        SchematicNode* record = found != listingScratch->records.end() ? found->second : nullptr;
+        RecordKeyOfPath(path, s.key);
+        SchematicNode* record = s.key.empty() ? nullptr : s.records.Find(s.key);
         more = ReadTreeLine();
-        while (more && FirstToken(line) == "Symbol:") {
-            std::string symbol = ScanSymbolLine(line);
+        while (more && FirstToken(CurrentLine(s, line)) == "Symbol:") {
+            std::string symbol = ScanSymbolLine(CurrentLine(s, line));
             if (showFileList)
                 treeView->AddChildItem(fileItem, symbol, symbol);
             if (record != nullptr)

@@ -1,0 +1,40 @@
+// The schematic records by key while a listing is read: every hierarchy line looks its
+// name up, so the lookup must be cheap. Open addressing over one array whose slots hold
+// the key and its hash, so that a lookup mostly touches one slot and nothing behind it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/schematic_node.h"
+
+namespace velorand {
+
+class RecordIndex {
+  public:
+    // The record filed under the key; null when there is none.
+    SchematicNode* Find(std::string_view key) const;
+    // The place of the key's record: the record itself when the key is filed, else a new
+    // empty place that the caller fills. One hash of the key serves both.
+    SchematicNode*& Place(std::string_view key);
+
+  private:
+    struct Slot {
+        std::uint64_t hash = 0;  // 0: the slot is free
+        std::string key;
+        SchematicNode* record = nullptr;
+    };
+
+    static std::uint64_t Hash(std::string_view key);
+    // The slot of the key, or the free slot where it belongs.
+    std::size_t Probe(std::string_view key, std::uint64_t hash) const;
+    void Grow();
+
+    std::vector<Slot> slots_;
+    std::size_t used_ = 0;
+};
+
+}  // namespace velorand

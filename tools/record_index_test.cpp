@@ -1,0 +1,33 @@
+#include "tools/record_index.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+
+namespace velorand {
+namespace {
+
+TEST(RecordIndexTest, EachKeyHasOnePlaceThatHoldsThroughGrowth) {
+    RecordIndex index;
+    EXPECT_EQ(index.Find("amp"), nullptr);
+    std::deque<SchematicNode> records(5000);
+    for (int i = 0; i < 5000; ++i) {
+        SchematicNode*& place = index.Place("sheet" + std::to_string(i));
+        ASSERT_EQ(place, nullptr) << i;
+        place = &records[i];
+    }
+    for (int i = 0; i < 5000; ++i) {
+        std::string key = "sheet" + std::to_string(i);
+        ASSERT_EQ(index.Find(key), &records[i]) << key;
+        ASSERT_EQ(index.Place(key), &records[i]) << key;
+    }
+    // Keys are compared whole and as they are: no prefix, extension or other case matches.
+    EXPECT_EQ(index.Find("sheet"), nullptr);
+    EXPECT_EQ(index.Find("sheet10 "), nullptr);
+    EXPECT_EQ(index.Find("Sheet10"), nullptr);
+    EXPECT_EQ(index.Find(""), nullptr);
+}
+
+}  // namespace
+}  // namespace velorand
