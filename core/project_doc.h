@@ -281,6 +281,8 @@ class CProjectDoc : public afx::CDocument {
     void ClearSchematics();
     // The path of the record a tree item's text names ("name  [tag]"); empty for none.
     std::string FindSchematicByText(const std::string& text) const;
+    // The record itself that a tree item's text names; null for none.
+    SchematicNode* SchematicOfText(const std::string& text);
     // Brings up or opens the schematic at `path` as the instance the tree item's `text`
     // names; the document, or null.
     afx::CDocument* OpenSchematicInstance(const std::string& path, const std::string& text);
