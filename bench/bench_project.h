@@ -4,7 +4,9 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
+#include <time.h>
 
 #include <chrono>
 #include <cstdio>
@@ -47,8 +49,40 @@ class BenchProject {
     CProjectDoc* doc = nullptr;
 };
 
-// Seconds that a program takes, run as a process with its output thrown away.
-inline double ProcessSeconds(const std::vector<std::string>& command) {
+// The time that a piece of work takes, on the clock and in processor time (user and
+// system). The machine is shared: while other jobs run, the clock counts their turns too,
+// and the processor time is the steadier measure of the work itself.
+struct Times {
+    double wall = 0;
+    double cpu = 0;
+    Times& operator+=(const Times& other) {
+        wall += other.wall;
+        cpu += other.cpu;
+        return *this;
+    }
+};
+
+inline double ThreadCpuSeconds() {
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+// The times of work done in this process, on this thread.
+template <class Work>
+Times InProcessTimes(Work&& work) {
+    double cpu = ThreadCpuSeconds();
+    auto start = std::chrono::steady_clock::now();
+    work();
+    Times times;
+    times.wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    times.cpu = ThreadCpuSeconds() - cpu;
+    return times;
+}
+
+// The times of a program, run as a process with its output thrown away, from its start
+// to its end.
+inline Times ProcessTimes(const std::vector<std::string>& command) {
     std::vector<char*> argv;
     for (const std::string& arg : command)
         argv.push_back(const_cast<char*>(arg.c_str()));
@@ -59,12 +93,17 @@ inline double ProcessSeconds(const std::vector<std::string>& command) {
     auto start = std::chrono::steady_clock::now();
     pid_t pid;
     int status = 0;
+    rusage usage{};
     if (posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ) == 0)
-        waitpid(pid, &status, 0);
-    double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        wait4(pid, &status, 0, &usage);
+    Times times;
+    times.wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    auto seconds = [](const timeval& t) {
+        return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) * 1e-6;
+    };
+    times.cpu = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     posix_spawn_file_actions_destroy(&actions);
-    return seconds;
+    return times;
 }
 
 }  // namespace velorand::bench

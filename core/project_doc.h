@@ -320,6 +320,9 @@ class CProjectDoc : public afx::CDocument {
     void ReadLevels(win::HTREEITEM topItem);
     win::HTREEITEM AddHierarchyItem(win::HTREEITEM parent, int level);
     void CreateRecord(std::string_view name, const std::string& path, win::HTREEITEM item);
+    // Makes the record of a place of the reader's index that holds none yet.
+    void FileRecord(SchematicNode*& record, const std::string& key, const std::string& path,
+                    win::HTREEITEM item);
     void ReadFileList();
     void LinkOpenDocuments();
     void FillDocumentationNode();

@@ -6,8 +6,9 @@ namespace velorand {
 
 namespace {
 
+// Space, tab, line feed, vertical tab, form feed and carriage return, as scanf skips them.
 bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 void SkipBlanks(std::string_view line, std::size_t& pos) {

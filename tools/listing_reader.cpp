@@ -3,6 +3,8 @@
 // the document's line buffer. Each part leaves the line it stopped at in `line`
 // for the next.
 #include <cstring>
+#include <iterator>
+#include <vector>
 
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
@@ -26,6 +28,7 @@ struct ListingScratch {
     // The records by key, so that a name met again costs a hash and not a walk of the map.
     RecordIndex records;
     std::string key, path, text;
+    std::vector<std::string> symbols;  // of the current block
 };
 
 namespace {
@@ -61,7 +64,12 @@ void CProjectDoc::CreateRecord(std::string_view name, const std::string& path,
                                win::HTREEITEM item) {
     std::string& key = listingScratch->key;
     RecordKeyOf(name, key);
-    SchematicNode*& record = listingScratch->records.Place(key);
+    SchematicNode*& record = listingScratch->records.Place(key, RecordIndex::Hash(key));
+    FileRecord(record, key, path, item);
+}
+
+void CProjectDoc::FileRecord(SchematicNode*& record, const std::string& key,
+                             const std::string& path, win::HTREEITEM item) {
     if (record != nullptr)
         return;
     // The map's keys come in mostly ascending from a sorted hierarchy; the hint then
@@ -77,10 +85,14 @@ win::HTREEITEM CProjectDoc::AddHierarchyItem(win::HTREEITEM parent, int level) {
     std::string_view name, tag;
     if (s.length == 0 || !ScanHierarchyLine(CurrentLine(s, line), level, name, tag, s.path))
         return nullptr;
+    // The record's slot is on its way into the cache while the item goes into the tree.
+    RecordKeyOf(name, s.key);
+    std::uint64_t hash = RecordIndex::Hash(s.key);
+    s.records.Prefetch(hash);
     s.text.assign(name).append("  [").append(tag).append("]");
     win::HTREEITEM item = treeView->AddChildItem(parent, s.text, s.path);
     if (item != nullptr)
-        CreateRecord(name, s.path, item);
+        FileRecord(s.records.Place(s.key, hash), s.key, s.path, item);
     return item;
 }
 
@@ -201,8 +213,14 @@ void CProjectDoc::ReadFileList() {
             if (showFileList)
                 treeView->AddChildItem(fileItem, symbol, symbol);
             if (record != nullptr)
-                record->symbols.push_back(std::move(symbol));
+                s.symbols.push_back(std::move(symbol));
             more = ReadTreeLine();
+        }
+        // The block's symbols join the record at once: one allocation for its list.
+        if (record != nullptr && !s.symbols.empty()) {
+            record->symbols.reserve(record->symbols.size() + s.symbols.size());
+            std::move(s.symbols.begin(), s.symbols.end(), std::back_inserter(record->symbols));
+            s.symbols.clear();
         }
     }
     if (listRoot != nullptr)
@@ -210,6 +228,8 @@ void CProjectDoc::ReadFileList() {
 }
 
 void CProjectDoc::LinkOpenDocuments() {
+    if (openDocs.empty())
+        return;
     for (auto& [key, record] : schematics) {
         if (record.openDoc != nullptr)
             continue;

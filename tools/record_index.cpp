@@ -28,11 +28,15 @@ SchematicNode* RecordIndex::Find(std::string_view key) const {
     return slots_[Probe(key, Hash(key))].record;
 }
 
-SchematicNode*& RecordIndex::Place(std::string_view key) {
+void RecordIndex::Prefetch(std::uint64_t hash) const {
+    if (!slots_.empty())
+        __builtin_prefetch(&slots_[hash & (slots_.size() - 1)]);
+}
+
+SchematicNode*& RecordIndex::Place(std::string_view key, std::uint64_t hash) {
     // At most three quarters full, so that probes stay short.
     if (4 * (used_ + 1) > 3 * slots_.size())
         Grow();
-    std::uint64_t hash = Hash(key);
     Slot& slot = slots_[Probe(key, hash)];
     if (slot.hash == 0) {
         slot.hash = hash;

@@ -15,11 +15,16 @@ namespace velorand {
 
 class RecordIndex {
   public:
+    // The key's hash, for the calls below.
+    static std::uint64_t Hash(std::string_view key);
+    // Starts to bring the key's slot into the cache, so that a lookup a little later
+    // doesn't wait for memory.
+    void Prefetch(std::uint64_t hash) const;
     // The record filed under the key; null when there is none.
     SchematicNode* Find(std::string_view key) const;
     // The place of the key's record: the record itself when the key is filed, else a new
     // empty place that the caller fills. One hash of the key serves both.
-    SchematicNode*& Place(std::string_view key);
+    SchematicNode*& Place(std::string_view key, std::uint64_t hash);
 
   private:
     struct Slot {
@@ -28,7 +33,6 @@ class RecordIndex {
         SchematicNode* record = nullptr;
     };
 
-    static std::uint64_t Hash(std::string_view key);
     // The slot of the key, or the free slot where it belongs.
     std::size_t Probe(std::string_view key, std::uint64_t hash) const;
     void Grow();

@@ -13,14 +13,15 @@ TEST(RecordIndexTest, EachKeyHasOnePlaceThatHoldsThroughGrowth) {
     EXPECT_EQ(index.Find("amp"), nullptr);
     std::deque<SchematicNode> records(5000);
     for (int i = 0; i < 5000; ++i) {
-        SchematicNode*& place = index.Place("sheet" + std::to_string(i));
+        std::string key = "sheet" + std::to_string(i);
+        SchematicNode*& place = index.Place(key, RecordIndex::Hash(key));
         ASSERT_EQ(place, nullptr) << i;
         place = &records[i];
     }
     for (int i = 0; i < 5000; ++i) {
         std::string key = "sheet" + std::to_string(i);
         ASSERT_EQ(index.Find(key), &records[i]) << key;
-        ASSERT_EQ(index.Place(key), &records[i]) << key;
+        ASSERT_EQ(index.Place(key, RecordIndex::Hash(key)), &records[i]) << key;
     }
     // Keys are compared whole and as they are: no prefix, extension or other case matches.
     EXPECT_EQ(index.Find("sheet"), nullptr);
