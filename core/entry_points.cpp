@@ -4,6 +4,7 @@
 #include "core/project_doc.h"
 #include "core/project_doc_template.h"
 #include "core/tool_group_kit.h"
+#include "host/part_shelf.h"
 #include "views/project_view.h"
 
 namespace {
@@ -24,6 +25,7 @@ afx::CDocTemplate* LinkProjectDll() {
     }
     RegisterComponentResources();
     AttachToolGroupKit();
+    AttachPartShelf();
     {
         ComponentResourceScope resources;
         theTemplate =
@@ -48,5 +50,6 @@ int UnlinkProjectDll() {
         theTemplate = nullptr;
     }
     velorand::DetachToolGroupKit();
+    velorand::DetachPartShelf();
     return 0;
 }

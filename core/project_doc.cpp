@@ -4,6 +4,7 @@
 #include "core/file_kinds.h"
 #include "core/project_doc_template.h"
 #include "core/simulator_info.h"
+#include "host/notify_codes.h"
 #include "host/project_notify.h"
 #include "platform/afx/afx_messages.h"
 #include "platform/afx/frame_wnd.h"
@@ -24,9 +25,6 @@ IMPLEMENT_DYNCREATE(CProjectDoc, CDocument)
 namespace {
 
 constexpr char kCaption[] = "Velorand - Project Manager";
-// The component's own sender number, and the code that asks a view whether it lives.
-constexpr win::UINT_PTR kFromProject = 100;
-constexpr win::UINT kCodeFrameAsked = 309;
 
 afx::CMDIChildWnd* ActiveChild(afx::CWnd* mainWnd) {
     auto* frame = dynamic_cast<afx::CMDIFrameWnd*>(mainWnd);
@@ -129,8 +127,8 @@ afx::CFrameWnd* CProjectDoc::GetDocFrame(afx::CDocument* doc, win::BOOL notify) 
         record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
         record.idFrom = kFromProject;
         record.code = kCodeFrameAsked;
-        record.document = doc;
-        view->SendMessage(win::WM_NOTIFY, kFromProject, reinterpret_cast<win::LPARAM>(&record));
+        record.argument = reinterpret_cast<win::LPARAM>(view);
+        view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
     }
     afx::CFrameWnd* frame = view->GetParentFrame();
     if (frame == nullptr || !win::IsWindow(frame->m_hWnd)) {

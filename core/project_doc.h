@@ -32,6 +32,7 @@ class CProjectView;
 class SimulatorInfo;
 struct ListingScratch;
 struct ProjectNotify;
+struct ProjectSettings;
 
 class CProjectDoc : public afx::CDocument {
     DECLARE_DYNCREATE(CProjectDoc)
@@ -112,6 +113,13 @@ class CProjectDoc : public afx::CDocument {
     void DeleteContents() override;
     // Brings the active schematic's frame up, else the template's, else the next child.
     virtual void ActivateNextWindow();
+    // A new project through the project dialog; 0 when none was made and loaded.
+    win::BOOL OnNewDocument() override;
+    // Opens a project file, the default session for an empty path; 0 when it failed.
+    win::BOOL OnOpenDocument(win::LPCSTR path) override;
+    // Saves and closes the project and its windows unless the user refuses, then deletes
+    // the document. Nothing happens while the project is busy.
+    void OnCloseDocument() override;
 
     // A line on the host's status line.
     void StatusMessage(const std::string& text) const;
@@ -137,6 +145,8 @@ class CProjectDoc : public afx::CDocument {
     int ValidateProject(win::BOOL isNew);
     // Shows the project dialog for the open project; 1 if it ran.
     int ModifyProject();
+    // Takes the project dialog's values into the document and the project file; 1.
+    int ApplyProjectSettings(const ProjectSettings& values);
     // Stores the state of all open files: work files on a plain save, the real files
     // after the user's answers on a close; 1, or 0 if the user stopped it.
     int SaveProjectState(win::BOOL closing, win::BOOL crash);
@@ -186,8 +196,6 @@ class CProjectDoc : public afx::CDocument {
     // "<folder>+<symbol file>": adds a picked symbol's folder to the search paths; 1 if
     // the list changed. Writes into the text.
     int AddSymbolSearchPath(char* text);
-    // Warns that a project schematic was saved under a new name.
-    void WarnSaveAsNewName();
 
     // --- Work files ---
 
@@ -312,7 +320,64 @@ class CProjectDoc : public afx::CDocument {
     // The next free library number (message 0x14C to the tree view).
     int NextLibIndex();
 
+    // --- Host notifications ---
+
+    // The record of a host document: the one it is open in, else the one for its path;
+    // null for a null document.
+    SchematicNode* FindDocNode(afx::CDocument* doc);
+    // Code 200: a host document has opened and joins the project; a schematic opened
+    // alone is warned about first. The template's view brings its menu along.
+    void OnDocumentOpened(ProjectNotify* record);
+    // Code 201: a host document closes and leaves the project, which is stored when the
+    // document was one of its schematics and was modified.
+    void OnDocumentClosing(ProjectNotify* record);
+    // A document leaves openDocs (it stays during a save-all); activeDoc passes to the
+    // first other document before it.
+    void Detach(afx::CDocument* doc);
+    // Code 202: a host document was saved; the project is stored, or, when the document
+    // now has a name of its own, its record lets it go with a warning.
+    void OnDocumentSaved(ProjectNotify* record);
+    // Warns that a project schematic was saved under a new name.
+    void WarnSaveAsNewName();
+    // Code 234: the document's title, with the project's name when it belongs.
+    void OnDocumentTitle(ProjectNotify* record);
+    // Closes the open document of the first record for the same file as `path`; 1 if
+    // one was closed.
+    int CloseDocumentByPath(const char* path);
+    // Code 231 from the tool bar: the host's menus follow the tool bar's customizing, and
+    // the editors are told.
+    void OnCustomizing(ProjectNotify* record);
+    // Puts the host's menus into a mode (option 1) or back (any other value); leaving
+    // with 0 brings the active child frame up and tells it so (code 309).
+    void SetHostMenuMode(int option);
+    // Code 248: closes the simulator's netlist document. 0 none open, 1 it refused, 2
+    // closed, 3 left open because a project with schematics is open.
+    win::LRESULT CloseNetlistDocument();
+    // Codes 314 and 315 for the device library's window; true when the library's window
+    // took the request and the hub answers no further.
+    win::BOOL OnDeviceLibrary(ProjectNotify* record);
+    // Closes the frame of every document of the project.
+    void CloseAllFrames();
+    // The simulator of the project, null while none is chosen.
+    const SimulatorInfo* ChosenSimulator() const;
+
+    // Codes 216, 218, 219 and 221 from the template's view tell of the simulator's runs;
+    // the project updates itself and passes the report on to the active schematic's view.
+    // Each answers 1 when the record was passed on or there was nothing to do, else 0.
+    int OnAnalysisReport(ProjectNotify* record);
+    // Tuning and optimizing; `text` holds one "%s" for "started" or "ended".
+    int OnTuningReport(ProjectNotify* record, const char* text);
+    int OnSmithToolReport(ProjectNotify* record);
+    // Keeps the code of a started run for a schematic that opens later (replayCode).
+    void NotePendingReport(win::BOOL state, win::UINT code);
+
   private:
+    // Takes the lock file of the path name's project into lockFile; lockHeld tells
+    // whether it was had.
+    win::BOOL TakeLockFile();
+    // Gives the lock back and removes its file; nothing happens without a lock.
+    void ReleaseLockFile();
+
     // The listing reader: one pass over treeStream, line by line in `line`. Each part
     // leaves the line it stopped at for the next.
     bool ReadTreeLine();

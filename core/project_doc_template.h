@@ -27,6 +27,10 @@ class CProjectDocTemplate : public CToolGroupDocTemplate {
     // RegisterToolGroup("Project", "Standard", ...) with the group's buttons.
     int RegisterGroup() override;
 
+    // Closes the open project first; then a new project for a null path, else the file
+    // opened. Null when the old project stays, or the new one can't be made or opened;
+    // the host is then asked (command 26454) for a new project instead.
+    afx::CDocument* OpenDocumentFile(win::LPCSTR path, win::BOOL makeVisible = win::TRUE) override;
     // The tree's frame with its view on the document; null when it can't be made.
     afx::CFrameWnd* CreateNewFrame(afx::CDocument* doc, afx::CFrameWnd* other) override;
     // The frame stays as it was made; only the document's frame counts are brought up.

@@ -142,7 +142,9 @@ TEST_F(ProjectTest, ADocumentsFrameIsFoundThroughItsFirstViewAndTheViewIsTold) {
     EXPECT_EQ(view->notes[0].idFrom, 100u);
     EXPECT_EQ(view->notes[0].code, 309u);
     EXPECT_EQ(view->notes[0].hwndFrom, doc->treeView->m_hWnd);
-    EXPECT_EQ(view->notes[0].document, sheet);
+    EXPECT_EQ(view->notes[0].document, nullptr);
+    EXPECT_EQ(view->notes[0].option, 0);
+    EXPECT_EQ(view->notes[0].argument, reinterpret_cast<win::LPARAM>(view));
 
     // A document without views, or none at all, has no frame.
     CSheetDoc lonely;

@@ -30,13 +30,6 @@ const char* SkipWhiteSpace(const char* text) {
     return text;
 }
 
-// "MM/DD/YY HH:MM:SS", now.
-std::string Now() {
-    char date[16];
-    char time[16];
-    return std::string(win::_strdate(date)) + " " + win::_strtime(time);
-}
-
 bool IsExistingFile(const char* path) {
     win::DWORD attributes = win::GetFileAttributes(path);
     return attributes != win::INVALID_FILE_ATTRIBUTES &&
@@ -62,7 +55,7 @@ int WriteProjectFile(const char* path, const std::string& projectID,
         << "ProjectID=" << projectID << "\n"
         << "ProjectRelease=" << kRelease << "\n"
         << "ProjectVersion=" << kVersion << "\n"
-        << "DateCreated=" << Now() << "\n"
+        << "DateCreated=" << ProjectTimestamp() << "\n"
         << "LastUpdated=\n"
         << "TopLevelSchematic=" << topLevelSchematic << "\n"
         << "Simulator=" << simulator << "\n"
@@ -81,6 +74,12 @@ int WriteProjectFile(const char* path, const std::string& projectID,
 }
 
 }  // namespace
+
+std::string ProjectTimestamp() {
+    char date[16];
+    char time[16];
+    return std::string(win::_strdate(date)) + " " + win::_strtime(time);
+}
 
 bool ReadProjectLine(std::istream& in, char (&line)[600]) {
     std::string text;
@@ -204,7 +203,7 @@ void CProjectDoc::WriteProjectKeys() {
     const char* file = GetPathName().c_str();
     char simulatorText[16];
     std::snprintf(simulatorText, sizeof simulatorText, "%d", simulator);
-    std::string now = Now();
+    std::string now = ProjectTimestamp();
     win::WritePrivateProfileString("Project", "ProjectID", projectID.c_str(), file);
     win::WritePrivateProfileString("Project", "ProjectRelease", kRelease, file);
     win::WritePrivateProfileString("Project", "ProjectVersion", kVersion, file);

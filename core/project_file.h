@@ -11,6 +11,9 @@
 
 namespace velorand {
 
+// Now, as the project file's dates are written: "MM/DD/YY HH:MM:SS".
+std::string ProjectTimestamp();
+
 // The next line, without its line end, into a 600-byte buffer. False at the end of the
 // stream and for a line longer than 599 characters, which ends the reading as a failed
 // read does; the buffer is never overrun.

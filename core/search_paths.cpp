@@ -156,13 +156,4 @@ int CProjectDoc::AddSymbolSearchPath(char* text) {
     return StoreSearchPaths(GetPathName().c_str(), paths);
 }
 
-void CProjectDoc::WarnSaveAsNewName() {
-    CWarningDlg::ShowUnlessSkipped("SkipSaveAsWrnDlg", "Warning - Saving file to a new name",
-                                   "You have saved a project schematic under a new name.  "
-                                   "The new file is not part of the current project, and will not "
-                                   "be analyzed as part of the current project.  "
-                                   "Saving the new file did not modify the current project.",
-                                   mainWnd);
-}
-
 }  // namespace velorand

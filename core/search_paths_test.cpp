@@ -269,21 +269,5 @@ TEST_F(SearchPathsTest, TheWarningComesBackUnlessTheBoxWasCheckedAndClosedWithTh
     EXPECT_EQ(user.Record().size(), 2u);
 }
 
-TEST_F(SearchPathsTest, SavingUnderANewNameWarnsUntilTheWarningIsSkipped) {
-    user.OnDialog("Warning - Saving file to a new name")
-        .Inspect([&](win::ModalDialog& dialog) {
-            EXPECT_EQ(dialog.Text(CWarningDlg::IDC_MESSAGE),
-                      "You have saved a project schematic under a new name.  The new file is not "
-                      "part of the current project, and will not be analyzed as part of the "
-                      "current project.  Saving the new file did not modify the current project.");
-        })
-        .Click(CWarningDlg::IDC_SKIP)
-        .Click(win::IDOK);
-    doc->WarnSaveAsNewName();
-    EXPECT_EQ(ProfileInt("SkipSaveAsWrnDlg"), 1);
-    doc->WarnSaveAsNewName();
-    EXPECT_EQ(user.Record().size(), 1u);
-}
-
 }  // namespace
 }  // namespace velorand

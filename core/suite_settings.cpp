@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "core/file_kinds.h"
 #include "core/project_doc.h"
 #include "platform/win/config_files.h"
 #include "platform/win/private_profile.h"
@@ -19,11 +20,6 @@ namespace {
 constexpr std::size_t kKeyLength = 256;
 constexpr win::REGSAM kReadWrite = win::KEY_READ | win::KEY_WRITE;
 
-std::string FileNameOf(const std::string& path) {
-    std::size_t slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 // The running program's file name without folder and extension.
 std::string ApplicationName() {
     char buffer[PATH_MAX];
@@ -31,7 +27,7 @@ std::string ApplicationName() {
     if (length <= 0) {
         return "";
     }
-    std::string name = FileNameOf(std::string(buffer, static_cast<std::size_t>(length)));
+    std::string name(FileNamePart(std::string_view(buffer, static_cast<std::size_t>(length))));
     std::size_t dot = name.rfind('.');
     if (dot != std::string::npos && dot > 0) {
         name.erase(dot);
@@ -46,7 +42,7 @@ void CProjectDoc::ChooseSettingsStore() {
     if (GetSuiteProfileString("Template List", "Simulator", "").empty()) {
         registryKey.reset();
         // A file name without folder is looked for beside the application's profile.
-        appKey = FileNameOf(win::AppProfilePath()).substr(0, kKeyLength);
+        appKey = std::string(FileNamePart(win::AppProfilePath()).substr(0, kKeyLength));
     }
 }
 

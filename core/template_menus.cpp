@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/component_module.h"
+#include "core/project_cmd_ui.h"
 #include "core/project_doc.h"
 #include "host/project_notify.h"
 #include "platform/afx/doc_template.h"
@@ -15,7 +16,6 @@
 #include "platform/win/resources.h"
 #include "platform/win/strings.h"
 #include "platform/win/window.h"
-#include "platform/win/window_props.h"
 
 namespace velorand {
 
@@ -76,14 +76,6 @@ void AppendItems(win::HMENU to, win::HMENU from) {
         else
             win::AppendMenu(to, win::MF_SEPARATOR, 0, nullptr);
     }
-}
-
-// A project with schematics is open: the main window's property holds a live window.
-bool ProjectCmdUIHolds(const afx::CWnd* mainWnd) {
-    if (mainWnd == nullptr)
-        return false;
-    auto view = reinterpret_cast<win::HWND>(win::GetProp(mainWnd->m_hWnd, "ProjectCmdUI"));
-    return view != nullptr && win::IsWindow(view);
 }
 
 }  // namespace

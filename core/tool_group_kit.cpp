@@ -54,4 +54,10 @@ void UnloadToolGroup(const char* group, int finally) {
     }
 }
 
+int IsCustomizingToolPane(int state) {
+    using Proc = int (*)(int);
+    auto proc = Export<Proc>("IsCustomizingToolPane");
+    return proc != nullptr ? proc(state) : 0;
+}
+
 }  // namespace velorand

@@ -25,5 +25,8 @@ int RegisterToolGroup(const char* group, const char* title, win::HINSTANCE insta
 void LoadToolGroup(const char* group, win::HINSTANCE instance, afx::CWnd* frame, win::UINT id);
 // Takes the group down; `finally` when the component ends.
 void UnloadToolGroup(const char* group, int finally);
+// Starts (1) or ends (0) the customizing of the tool pane, or only asks (-1); the state
+// before, 0 when the library can't be asked.
+int IsCustomizingToolPane(int state);
 
 }  // namespace velorand

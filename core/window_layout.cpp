@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/file_kinds.h"
 #include "core/project_doc.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/mdi_child_wnd.h"
@@ -31,23 +32,17 @@ std::string TrimLeft(const std::string& text) {
     return start == std::string::npos ? std::string() : text.substr(start);
 }
 
-// The file name with its extension, without the folders.
-std::string FileNameOf(const std::string& path) {
-    std::size_t slash = path.find_last_of("\\/");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 // The value of the first line of the section whose key names a file of that name, in
 // any folder; nothing when no line does.
 bool FindPlacementLine(const char* file, const std::string& docPath, std::string& value) {
     std::vector<char> section(kMruBufferSize);
     win::GetPrivateProfileSection(kMruSection, section.data(), kMruBufferSize, file);
-    const std::string name = FileNameOf(docPath);
+    const std::string name(FileNamePart(docPath));
     for (const char* line = section.data(); *line != '\0'; line += std::strlen(line) + 1) {
         const std::string text = line;
         const std::size_t equals = text.find('=');
         const std::string key = text.substr(0, equals);
-        if (win::EqualNoCase(FileNameOf(key), name)) {
+        if (win::EqualNoCase(FileNamePart(key), name)) {
             value = equals == std::string::npos ? std::string() : text.substr(equals + 1);
             return true;
         }

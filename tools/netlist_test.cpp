@@ -3,7 +3,6 @@
 
 #include <filesystem>
 
-#include "platform/afx/afx_messages.h"
 #include "platform/win/messages.h"
 #include "tools/testing/toolchain_fixture.h"
 #include "tools/tool_launcher.h"
@@ -40,13 +39,6 @@ class NetlistTest : public ToolchainTest {
     void TearDown() override {
         doc->templateDoc = nullptr;
         ToolchainTest::TearDown();
-    }
-    std::vector<std::string> StatusLines() const {
-        std::vector<std::string> lines;
-        for (const host::HostMessage& message : mainWnd->Messages())
-            if (message.message == afx::WM_SETMESSAGESTRING)
-                lines.push_back(message.text);
-        return lines;
     }
     NetlistDocument netlist;
 };

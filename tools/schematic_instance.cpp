@@ -4,6 +4,7 @@
 
 #include "core/file_kinds.h"
 #include "core/project_doc.h"
+#include "host/notify_codes.h"
 #include "host/project_notify.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/view.h"
@@ -11,13 +12,6 @@
 #include "views/project_view.h"
 
 namespace velorand {
-
-namespace {
-
-// The sender number of the component itself in a notification record.
-constexpr win::UINT_PTR kComponentSender = 100;
-
-}  // namespace
 
 afx::CDocument* CProjectDoc::OpenSchematicInstance(const std::string& path,
                                                    const std::string& text) {
@@ -83,12 +77,12 @@ void CProjectDoc::Replay(afx::CDocument* doc) {
         return;
     ProjectNotify record;
     record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
-    record.idFrom = kComponentSender;
+    record.idFrom = kFromProject;
     record.code = replayCode;
     record.document = doc;
     record.option = 1;
     record.argument = reinterpret_cast<win::LPARAM>(view);
-    view->SendMessage(win::WM_NOTIFY, kComponentSender, reinterpret_cast<win::LPARAM>(&record));
+    view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
 }
 
 }  // namespace velorand

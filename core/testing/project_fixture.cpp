@@ -2,6 +2,7 @@
 
 #include <stdlib.h>
 
+#include "platform/afx/afx_messages.h"
 #include "platform/afx/frame_wnd.h"
 #include "views/project_view.h"
 
@@ -73,6 +74,14 @@ std::string ProjectTest::WriteFile(const std::string& relative, const std::strin
 
 std::string ProjectTest::SuiteLog() const {
     return ReadFile(sandbox.Root() / "suite.log");
+}
+
+std::vector<std::string> ProjectTest::StatusLines() const {
+    std::vector<std::string> lines;
+    for (const host::HostMessage& message : mainWnd->Messages())
+        if (message.message == afx::WM_SETMESSAGESTRING)
+            lines.push_back(message.text);
+    return lines;
 }
 
 }  // namespace velorand::testing

@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/host_app.h"
 #include "app/main_frame.h"
@@ -46,6 +47,8 @@ class ProjectTest : public SandboxTest {
     std::string WriteFile(const std::string& relative, const std::string& text) const;
     // The calls that the sibling libraries recorded, one a line.
     std::string SuiteLog() const;
+    // The lines the component put on the host's status line, in order.
+    std::vector<std::string> StatusLines() const;
 
     ScriptedUser user;
     host::CHostApp app;

@@ -100,15 +100,23 @@ std::string LastName(LPCSTR platformPath) {
     return full.substr(full.find_last_of('\\') + 1);
 }
 
+// The POSIX paths of an existing file and of the path it is to be copied or moved to;
+// false with the error set when either can't be had.
+bool SourceAndTarget(LPCSTR existingFileName, LPCSTR newFileName, struct stat& source,
+                     std::optional<std::string>& from, std::optional<std::string>& to) {
+    from = ExistingFile(existingFileName, source);
+    if (!from)
+        return false;
+    to = internal::PosixPathOf(newFileName);
+    return to.has_value();
+}
+
 }  // namespace
 
 BOOL CopyFile(LPCSTR existingFileName, LPCSTR newFileName, BOOL failIfExists) {
     struct stat source;
-    std::optional<std::string> from = ExistingFile(existingFileName, source);
-    if (!from)
-        return FALSE;
-    std::optional<std::string> to = internal::PosixPathOf(newFileName);
-    if (!to)
+    std::optional<std::string> from, to;
+    if (!SourceAndTarget(existingFileName, newFileName, source, from, to))
         return FALSE;
     if (S_ISDIR(source.st_mode)) {
         SetLastError(ERROR_ACCESS_DENIED);
@@ -132,11 +140,8 @@ BOOL CopyFile(LPCSTR existingFileName, LPCSTR newFileName, BOOL failIfExists) {
 
 BOOL MoveFileEx(LPCSTR existingFileName, LPCSTR newFileName, DWORD flags) {
     struct stat source;
-    std::optional<std::string> from = ExistingFile(existingFileName, source);
-    if (!from)
-        return FALSE;
-    std::optional<std::string> to = internal::PosixPathOf(newFileName);
-    if (!to)
+    std::optional<std::string> from, to;
+    if (!SourceAndTarget(existingFileName, newFileName, source, from, to))
         return FALSE;
     if (!internal::MayChangeFolderOf(*from) || !internal::MayChangeFolderOf(*to))
         return FALSE;
