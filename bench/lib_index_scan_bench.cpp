@@ -3,9 +3,6 @@
 // the clock.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <fstream>
-
 #include "bench/bench_project.h"
 
 namespace {
@@ -16,23 +13,12 @@ constexpr int kLines = 2000;
 void BM_ScanLibIndexes(benchmark::State& state) {
     velorand::bench::BenchProject project;
     velorand::CProjectDoc* doc = project.doc;
+    velorand::bench::GeneratedProject files =
+        velorand::bench::GenerateProject(project.sandbox, "scan", kSchematics, 20, kLines);
     std::vector<std::string> command{"cat"};
-    char line[128];
-    for (int n = 0; n < kSchematics; ++n) {
-        std::string name = "sheet" + std::to_string(n);
-        std::ofstream out(project.sandbox.Posix(name + ".sch"), std::ios::binary);
-        out << "[schematic2]\nver 40\n\n[tools]\ngrid=25\n[detail]\n[cell use]\n";
-        for (int i = 0; i < kLines; ++i) {
-            // One line in eight names a library part.
-            if (i % 8 == 0)
-                std::snprintf(line, sizeof line, "use CAPQ C_lib%d n%d n%d C=10pF\n", i, i, i + 1);
-            else
-                std::snprintf(line, sizeof line, "use MLIN TL%d n%d n%d W=25mil L=%dmil\n", i, i,
-                              i + 1, 100 + i);
-            out << line;
-        }
-        doc->schematics[name].path = project.sandbox.Platform(name + ".sch");
-        command.push_back(project.sandbox.Posix(name + ".sch").string());
+    for (std::size_t n = 0; n < files.names.size(); ++n) {
+        doc->schematics[files.names[n]].path = files.platformPaths[n];
+        command.push_back(files.posixPaths[n]);
     }
 
     velorand::bench::Times scan;
