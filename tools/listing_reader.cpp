@@ -4,6 +4,7 @@
 // for the next.
 #include <cstring>
 #include <iterator>
+#include <map>
 #include <vector>
 
 #include "core/project_doc.h"
@@ -28,7 +29,8 @@ struct ListingScratch {
     // The records by key, so that a name met again costs a hash and not a walk of the map.
     RecordIndex records;
     std::string key, path, text;
-    std::vector<std::string> symbols;  // of the current block
+    std::vector<std::string> symbols;                         // of the current block
+    std::map<std::string, SchematicNode>::iterator lastMade;  // the record made last
 };
 
 namespace {
@@ -43,6 +45,7 @@ int CProjectDoc::ReadListing(const std::string& listingPath) {
     if (!win::OpenTextStream(treeStream, listingPath.c_str()))
         return 0;
     ListingScratch scratch(treeStream);
+    scratch.lastMade = schematics.end();
     listingScratch = &scratch;
     ReadHierarchy();
     ReadFileList();
@@ -72,10 +75,13 @@ void CProjectDoc::FileRecord(SchematicNode*& record, const std::string& key,
                              const std::string& path, win::HTREEITEM item) {
     if (record != nullptr)
         return;
-    // The map's keys come in mostly ascending from a sorted hierarchy; the hint then
-    // saves the search.
-    auto it = schematics.try_emplace(schematics.end(), key);
-    record = &it->second;
+    // Names often come in ascending runs; a key that follows the one made last goes in
+    // behind it without a search of the map.
+    ListingScratch& scratch = *listingScratch;
+    auto hint =
+        scratch.lastMade == schematics.end() ? schematics.end() : std::next(scratch.lastMade);
+    scratch.lastMade = schematics.try_emplace(hint, key);
+    record = &scratch.lastMade->second;
     record->treeItem = item;
     GetRealFile(path.c_str(), record->path);
 }

@@ -23,6 +23,13 @@ TEST(RecordIndexTest, EachKeyHasOnePlaceThatHoldsThroughGrowth) {
         ASSERT_EQ(index.Find(key), &records[i]) << key;
         ASSERT_EQ(index.Place(key, RecordIndex::Hash(key)), &records[i]) << key;
     }
+    // Long keys as well as short ones.
+    std::string longKey(300, 'x');
+    SchematicNode longRecord;
+    index.Place(longKey, RecordIndex::Hash(longKey)) = &longRecord;
+    EXPECT_EQ(index.Find(longKey), &longRecord);
+    EXPECT_EQ(index.Find(std::string(299, 'x')), nullptr);
+    EXPECT_EQ(index.Find("sheet4999"), &records[4999]);
     // Keys are compared whole and as they are: no prefix, extension or other case matches.
     EXPECT_EQ(index.Find("sheet"), nullptr);
     EXPECT_EQ(index.Find("sheet10 "), nullptr);

@@ -161,6 +161,8 @@ Sibling SiblingOf(Item* item) {
 
 void BuildIndex(Item& parent) {
     parent.indexed = true;
+    // Most parents have a few children: room for them at once, not a growth per child.
+    parent.sorted.reserve(4);
     for (Item* c = parent.firstChild; c != nullptr; c = c->next) {
         parent.sorted.push_back(SiblingOf(c));
     }
@@ -467,7 +469,7 @@ LRESULT GetItem(Tree& tree, TVITEM* out) {
     }
     if ((out->mask & TVIF_TEXT) && out->pszText != nullptr && out->cchTextMax > 0) {
         std::size_t n = std::min<std::size_t>(item->text.size(), out->cchTextMax - 1);
-        std::memcpy(out->pszText, item->text.data(), n);
+        item->text.copy(out->pszText, n);
         out->pszText[n] = '\0';
     }
     if (out->mask & TVIF_IMAGE) {
