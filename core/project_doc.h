@@ -289,6 +289,8 @@ class CProjectDoc : public afx::CDocument {
     void ClearSchematics();
     // The path of the record a tree item's text names ("name  [tag]"); empty for none.
     std::string FindSchematicByText(const std::string& text) const;
+    // The record itself that a tree item's text names; null for none.
+    SchematicNode* SchematicOfText(const std::string& text);
     // Brings up or opens the schematic at `path` as the instance the tree item's `text`
     // names; the document, or null.
     afx::CDocument* OpenSchematicInstance(const std::string& path, const std::string& text);
@@ -382,7 +384,10 @@ class CProjectDoc : public afx::CDocument {
     int ReadHierarchy();
     void ReadLevels(win::HTREEITEM topItem);
     win::HTREEITEM AddHierarchyItem(win::HTREEITEM parent, int level);
-    void CreateRecord(const std::string& name, const std::string& path, win::HTREEITEM item);
+    void CreateRecord(std::string_view name, const std::string& path, win::HTREEITEM item);
+    // Makes the record of a place of the reader's index that holds none yet.
+    void FileRecord(SchematicNode*& record, const std::string& key, const std::string& path,
+                    win::HTREEITEM item);
     void ReadFileList();
     void LinkOpenDocuments();
     void FillDocumentationNode();

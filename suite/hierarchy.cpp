@@ -1,6 +1,7 @@
 #include "suite/hierarchy.h"
 
 #include <map>
+#include <unordered_set>
 
 #include "platform/win/paths.h"
 #include "suite/text_file.h"
@@ -185,13 +186,20 @@ class Walker {
 
 std::vector<std::string> Hierarchy::Files() const {
     std::vector<std::string> files;
+    // Paths seen, lowered as SamePath compares them: a project of thousands of files is
+    // not searched once per file.
+    std::unordered_set<std::string> seen;
+    auto add = [&](const std::string& path) {
+        if (seen.insert(Lowered(path)).second)
+            files.push_back(path);
+    };
     for (const Sheet& sheet : sheets) {
-        AddOnce(files, sheet.path);
+        add(sheet.path);
         for (const std::string& symbol : sheet.symbols)
-            AddOnce(files, symbol);
+            add(symbol);
         for (const DataReference& data : sheet.data)
             if (!data.path.empty())
-                AddOnce(files, data.path);
+                add(data.path);
     }
     return files;
 }

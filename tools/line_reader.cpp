@@ -16,8 +16,9 @@ bool LineReader::Fill() {
     return got > 0;
 }
 
-bool LineReader::Next(char* line, std::size_t size) {
+bool LineReader::Next(char* line, std::size_t size, std::size_t& lineLength) {
     line[0] = '\0';
+    lineLength = 0;
     if (ended_)
         return false;
     for (;;) {
@@ -46,6 +47,7 @@ bool LineReader::Next(char* line, std::size_t size) {
         }
         std::memcpy(line, start, take);
         line[take] = '\0';
+        lineLength = take;
         begin_ += newline != nullptr ? length + 1 : length;
         return true;
     }

@@ -14,9 +14,10 @@ class LineReader {
   public:
     explicit LineReader(std::istream& stream);
 
-    // The next line into `line` (at most size - 1 characters and a zero); false, with an
-    // empty line, at the end or at a line too long for the buffer, and from then on.
-    bool Next(char* line, std::size_t size);
+    // The next line into `line` (at most size - 1 characters and a zero) and its length;
+    // false, with an empty line, at the end or at a line too long for the buffer, and from
+    // then on.
+    bool Next(char* line, std::size_t size, std::size_t& length);
 
   private:
     static constexpr std::size_t kBlock = 1 << 16;

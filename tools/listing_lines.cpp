@@ -6,8 +6,9 @@ namespace velorand {
 
 namespace {
 
+// Space, tab, line feed, vertical tab, form feed and carriage return, as scanf skips them.
 bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 void SkipBlanks(std::string_view line, std::size_t& pos) {
@@ -33,13 +34,13 @@ bool Expect(std::string_view line, std::size_t& pos, std::string_view text) {
 }
 
 // The text from pos up to the first ")" or the end; at least one character.
-bool UpToBracket(std::string_view line, std::size_t pos, std::string& out) {
+bool UpToBracket(std::string_view line, std::size_t pos, std::string_view& out) {
     std::size_t end = line.find(')', pos);
     if (end == std::string_view::npos)
         end = line.size();
     if (end == pos)
         return false;
-    out.assign(line.substr(pos, end - pos));
+    out = line.substr(pos, end - pos);
     return true;
 }
 
@@ -70,21 +71,20 @@ int TokenNumber(std::string_view token) {
     return static_cast<int>(negative ? -value : value);
 }
 
-bool ScanRootLine(std::string_view line, std::string& name, std::string& path) {
+bool ScanRootLine(std::string_view line, std::string_view& name, std::string_view& path) {
     std::size_t pos = 0;
     NextToken(line, pos);
-    std::string_view token = NextToken(line, pos);
-    if (token.empty())
+    name = NextToken(line, pos);
+    if (name.empty())
         return false;
-    name.assign(token);
-    path.clear();
+    path = std::string_view();
     if (Expect(line, pos, "("))
         UpToBracket(line, pos, path);
     return true;
 }
 
-bool ScanHierarchyLine(std::string_view line, int level, std::string& name, std::string& tag,
-                       std::string& path) {
+bool ScanHierarchyLine(std::string_view line, int level, std::string_view& name,
+                       std::string_view& tag, std::string& path) {
     std::size_t pos = line.size() < 3 ? line.size() : 3;
     for (int dot = 1; dot < level; ++dot) {
         std::size_t found = line.find('.', pos);
@@ -99,25 +99,27 @@ bool ScanHierarchyLine(std::string_view line, int level, std::string& name, std:
     if (tagToken.empty() || !Expect(line, pos, "<->"))
         return false;
     SkipBlanks(line, pos);
-    if (!UpToBracket(line, pos, path))
+    std::string_view pathText;
+    if (!UpToBracket(line, pos, pathText))
         return false;
-    name.assign(nameToken);
-    tag.assign(tagToken);
+    name = nameToken;
+    tag = tagToken;
+    path.assign(pathText);
     Backslashes(path, path.size() - 1);
     return true;
 }
 
-bool ScanSchematicLine(std::string_view line, std::string& path, int& count) {
+bool ScanSchematicLine(std::string_view line, std::string_view& path, int& count) {
     std::size_t pos = 0;
     NextToken(line, pos);
     SkipBlanks(line, pos);
     std::string_view rest = line.substr(pos);
     std::size_t space = rest.rfind(' ');
     if (space == std::string_view::npos) {
-        path.assign(rest);
+        path = rest;
         return false;
     }
-    path.assign(rest.substr(0, space));
+    path = rest.substr(0, space);
     std::size_t at = space;
     if (!Expect(rest, at, "("))
         return false;
@@ -139,17 +141,21 @@ std::string ScanSymbolLine(std::string_view line) {
     return path;
 }
 
-std::string RecordKeyOfPath(std::string_view path) {
+void RecordKeyOf(std::string_view name, std::string& key) {
+    key.assign(name);
+    for (char& c : key)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+}
+
+void RecordKeyOfPath(std::string_view path, std::string& key) {
     std::size_t slash = path.find_last_of("\\/");
     std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
     std::size_t dot = path.find('.', start);
     if (dot == std::string_view::npos)
-        return std::string();
-    std::string key(path.substr(start, dot - start));
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return key;
+        key.clear();
+    else
+        RecordKeyOf(path.substr(start, dot - start), key);
 }
 
 }  // namespace velorand

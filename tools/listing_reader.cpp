@@ -3,7 +3,9 @@
 // the document's line buffer. Each part leaves the line it stopped at in `line`
 // for the next.
 #include <cstring>
-#include <unordered_map>
+#include <iterator>
+#include <map>
+#include <vector>
 
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
@@ -14,6 +16,7 @@
 #include "platform/win/text_stream.h"
 #include "tools/line_reader.h"
 #include "tools/listing_lines.h"
+#include "tools/record_index.h"
 #include "tools/tool_launcher.h"
 #include "views/project_view.h"
 
@@ -22,15 +25,27 @@ namespace velorand {
 struct ListingScratch {
     explicit ListingScratch(std::istream& stream) : lines(stream) {}
     LineReader lines;
+    std::size_t length = 0;  // of the current line
     // The records by key, so that a name met again costs a hash and not a walk of the map.
-    std::unordered_map<std::string, SchematicNode*> records;
-    std::string key, name, tag, path, text;
+    RecordIndex records;
+    std::string key, path, text;
+    std::vector<std::string> symbols;                         // of the current block
+    std::map<std::string, SchematicNode>::iterator lastMade;  // the record made last
 };
+
+namespace {
+
+std::string_view CurrentLine(const ListingScratch& scratch, const char* line) {
+    return std::string_view(line, scratch.length);
+}
+
+}  // namespace
 
 int CProjectDoc::ReadListing(const std::string& listingPath) {
     if (!win::OpenTextStream(treeStream, listingPath.c_str()))
         return 0;
     ListingScratch scratch(treeStream);
+    scratch.lastMade = schematics.end();
     listingScratch = &scratch;
     ReadHierarchy();
     ReadFileList();
@@ -45,36 +60,45 @@ int CProjectDoc::ReadListing(const std::string& listingPath) {
 }
 
 bool CProjectDoc::ReadTreeLine() {
-    return listingScratch->lines.Next(line, sizeof line);
+    return listingScratch->lines.Next(line, sizeof line, listingScratch->length);
 }
 
-void CProjectDoc::CreateRecord(const std::string& name, const std::string& path,
+void CProjectDoc::CreateRecord(std::string_view name, const std::string& path,
                                win::HTREEITEM item) {
     std::string& key = listingScratch->key;
-    key.assign(name);
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    if (listingScratch->records.contains(key))
+    RecordKeyOf(name, key);
+    SchematicNode*& record = listingScratch->records.Place(key, RecordIndex::Hash(key));
+    FileRecord(record, key, path, item);
+}
+
+void CProjectDoc::FileRecord(SchematicNode*& record, const std::string& key,
+                             const std::string& path, win::HTREEITEM item) {
+    if (record != nullptr)
         return;
-    auto [it, made] = schematics.try_emplace(key);
-    listingScratch->records.emplace(key, &it->second);
-    if (!made)
-        return;
-    it->second.treeItem = item;
-    GetRealFile(path.c_str(), it->second.path);
+    // Names often come in ascending runs; a key that follows the one made last goes in
+    // behind it without a search of the map.
+    ListingScratch& scratch = *listingScratch;
+    auto hint =
+        scratch.lastMade == schematics.end() ? schematics.end() : std::next(scratch.lastMade);
+    scratch.lastMade = schematics.try_emplace(hint, key);
+    record = &scratch.lastMade->second;
+    record->treeItem = item;
+    GetRealFile(path.c_str(), record->path);
 }
 
 win::HTREEITEM CProjectDoc::AddHierarchyItem(win::HTREEITEM parent, int level) {
     ListingScratch& s = *listingScratch;
-    std::string& name = s.name;
-    std::string& path = s.path;
-    if (line[0] == '\0' || !ScanHierarchyLine(line, level, name, s.tag, path))
+    std::string_view name, tag;
+    if (s.length == 0 || !ScanHierarchyLine(CurrentLine(s, line), level, name, tag, s.path))
         return nullptr;
-    s.text.assign(name).append("  [").append(s.tag).append("]");
-    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, path);
+    // The record's slot is on its way into the cache while the item goes into the tree.
+    RecordKeyOf(name, s.key);
+    std::uint64_t hash = RecordIndex::Hash(s.key);
+    s.records.Prefetch(hash);
+    s.text.assign(name).append("  [").append(tag).append("]");
+    win::HTREEITEM item = treeView->AddChildItem(parent, s.text, s.path);
     if (item != nullptr)
-        CreateRecord(name, path, item);
+        FileRecord(s.records.Place(s.key, hash), s.key, s.path, item);
     return item;
 }
 
@@ -91,7 +115,7 @@ void CProjectDoc::ReadLevels(win::HTREEITEM topItem) {
     bool resumed = false;  // a deeper frame has just ended on the current line
     while (!frames.empty()) {
         Frame& frame = frames.back();
-        std::string_view token = FirstToken(line);
+        std::string_view token = FirstToken(CurrentLine(*listingScratch, line));
         int number = TokenNumber(token);
         if (token.empty() || number < frame.level) {
             frames.pop_back();
@@ -134,11 +158,14 @@ int CProjectDoc::ReadHierarchy() {
         if (line[0] == ' ')
             break;
     }
-    std::string name, path;
-    if (rootLine && root != nullptr && ScanRootLine(line, name, path)) {
-        win::HTREEITEM topItem = treeView->AddChildItem(root, name, path);
+    std::string_view name, path;
+    if (rootLine && root != nullptr &&
+        ScanRootLine(CurrentLine(*listingScratch, line), name, path)) {
+        listingScratch->path.assign(path);
+        win::HTREEITEM topItem =
+            treeView->AddChildItem(root, std::string(name), listingScratch->path);
         if (topItem != nullptr) {
-            CreateRecord(name, path, topItem);
+            CreateRecord(name, listingScratch->path, topItem);
             if (ReadTreeLine())
                 ReadLevels(topItem);
         }
@@ -154,15 +181,18 @@ int CProjectDoc::ReadHierarchy() {
 }
 
 void CProjectDoc::ReadFileList() {
+    ListingScratch& s = *listingScratch;
     win::HTREEITEM listRoot =
         showFileList ? treeView->AddRootItem(projectID + " - Project FileList") : nullptr;
     bool more;
     while ((more = ReadTreeLine()) && (line[0] == '\0' || line[0] == ' ')) {
     }
-    while (more && FirstToken(line) == "Schematic:") {
-        std::string path;
+    while (more && FirstToken(CurrentLine(s, line)) == "Schematic:") {
+        std::string_view pathText;
         int count = 0;
-        bool counted = ScanSchematicLine(line, path, count);
+        bool counted = ScanSchematicLine(CurrentLine(s, line), pathText, count);
+        std::string& path = s.path;
+        path.assign(pathText);
         win::HTREEITEM fileItem = nullptr;
         if (showFileList) {
             fileItem = treeView->AddChildItem(listRoot, path, path);
@@ -181,16 +211,22 @@ void CProjectDoc::ReadFileList() {
             else
                 RunTool("SheetMend", TF_PATHS, {"-f" + path});
         }
-        auto found = listingScratch->records.find(RecordKeyOfPath(path));
-        SchematicNode* record = found != listingScratch->records.end() ? found->second : nullptr;
+        RecordKeyOfPath(path, s.key);
+        SchematicNode* record = s.key.empty() ? nullptr : s.records.Find(s.key);
         more = ReadTreeLine();
-        while (more && FirstToken(line) == "Symbol:") {
-            std::string symbol = ScanSymbolLine(line);
+        while (more && FirstToken(CurrentLine(s, line)) == "Symbol:") {
+            std::string symbol = ScanSymbolLine(CurrentLine(s, line));
             if (showFileList)
                 treeView->AddChildItem(fileItem, symbol, symbol);
             if (record != nullptr)
-                record->symbols.push_back(std::move(symbol));
+                s.symbols.push_back(std::move(symbol));
             more = ReadTreeLine();
+        }
+        // The block's symbols join the record at once: one allocation for its list.
+        if (record != nullptr && !s.symbols.empty()) {
+            record->symbols.reserve(record->symbols.size() + s.symbols.size());
+            std::move(s.symbols.begin(), s.symbols.end(), std::back_inserter(record->symbols));
+            s.symbols.clear();
         }
     }
     if (listRoot != nullptr)
@@ -198,6 +234,8 @@ void CProjectDoc::ReadFileList() {
 }
 
 void CProjectDoc::LinkOpenDocuments() {
+    if (openDocs.empty())
+        return;
     for (auto& [key, record] : schematics) {
         if (record.openDoc != nullptr)
             continue;

@@ -32,7 +32,8 @@ afx::CDocument* CProjectDoc::OpenSchematicInstance(const std::string& path,
     if (open != nullptr)
         return bringUp(open);
     afx::CDocument* doc = OpenFile(path.c_str(), 1);
-    Attach(FindSchematicByPath(text.c_str()), doc);
+    // The text is the tree item's, "name  [tag]": its name is the record's key.
+    Attach(SchematicOfText(text), doc);
     return doc;
 }
 

@@ -105,5 +105,20 @@ TEST_F(SchematicLookupTest, ASchematicOpenAlreadyIsBroughtUpThroughItsRecord) {
     EXPECT_EQ(mainWnd->MDIGetActive(), frame);
 }
 
+TEST_F(SchematicLookupTest, AnInstanceOpenedFromItsTreeTextJoinsItsRecord) {
+    const std::string stage = WriteFile("p/stage.sch", "stage");
+    doc->schematics["stage"].path = stage;
+
+    afx::CDocument* opened = doc->OpenSchematicInstance(stage, "Stage  [X1]");
+    ASSERT_NE(opened, nullptr);
+    const SchematicNode& record = doc->schematics["stage"];
+    EXPECT_EQ(record.openDoc, opened);
+    EXPECT_EQ(record.state, SchematicNode::kOpened);
+    EXPECT_EQ(doc->activeDoc, opened);
+    // A second double click brings up the same document.
+    EXPECT_EQ(doc->OpenSchematicInstance(stage, "Stage  [X1]"), opened);
+    EXPECT_EQ(Sheets().size(), 1u);
+}
+
 }  // namespace
 }  // namespace velorand

@@ -11,12 +11,27 @@ void CProjectDoc::ClearSchematics() {
     schematics.clear();
 }
 
-std::string CProjectDoc::FindSchematicByText(const std::string& text) const {
+namespace {
+
+// The key that a tree item's text names: the text before the first "[", trimmed at the
+// right and lowered.
+std::string KeyOfText(const std::string& text) {
     std::string key = text.substr(0, text.find('['));
     while (!key.empty() && (key.back() == ' ' || key.back() == '\t'))
         key.pop_back();
-    auto it = schematics.find(win::ToLower(key));
+    return win::ToLower(key);
+}
+
+}  // namespace
+
+std::string CProjectDoc::FindSchematicByText(const std::string& text) const {
+    auto it = schematics.find(KeyOfText(text));
     return it == schematics.end() ? std::string() : it->second.path;
+}
+
+SchematicNode* CProjectDoc::SchematicOfText(const std::string& text) {
+    auto it = schematics.find(KeyOfText(text));
+    return it == schematics.end() ? nullptr : &it->second;
 }
 
 std::string CProjectDoc::FindSymbolUser(const std::string& symbolPath,

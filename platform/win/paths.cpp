@@ -1,6 +1,5 @@
 #include "platform/win/paths.h"
 
-#include <dirent.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,8 +8,8 @@
 #include <map>
 #include <vector>
 
+#include "platform/win/folder_names.h"
 #include "platform/win/last_error.h"
-#include "platform/win/strings.h"
 
 namespace win {
 
@@ -143,22 +142,6 @@ bool Exists(const std::string& posixPath) {
     return lstat(posixPath.c_str(), &info) == 0;
 }
 
-// The name in a folder that equals `name` without regard to case; the first in byte order
-// when several do, so that the choice never depends on the order of the folder.
-std::optional<std::string> FindNoCase(const std::string& folder, const std::string& name) {
-    DIR* dir = opendir(folder.c_str());
-    if (!dir)
-        return std::nullopt;
-    std::optional<std::string> found;
-    while (dirent* entry = readdir(dir)) {
-        std::string_view candidate = entry->d_name;
-        if (EqualNoCase(candidate, name) && (!found || candidate < *found))
-            found = std::string(candidate);
-    }
-    closedir(dir);
-    return found;
-}
-
 }  // namespace
 
 std::string FullPlatformPath(std::string_view path) {
@@ -240,12 +223,20 @@ std::optional<std::string> PosixPath(std::string_view platformPath) {
     if (names.empty() || Exists(posix))
         return posix.empty() ? "/" : posix;
 
+    // A missing file in a folder that exists as written (a search along the search
+    // folders) needs a look at that folder alone.
+    std::string parent = posix.substr(0, posix.rfind('/'));
+    if (names.size() > 1 && Exists(parent)) {
+        std::optional<std::string> other = FindNameNoCase(parent, names.back());
+        return parent + "/" + (other ? *other : names.back());
+    }
+
     posix = base;
     bool searching = true;  // below a name that matched nothing, nothing can match
     for (const std::string& name : names) {
         std::string exact = posix + "/" + name;
         if (searching && !Exists(exact)) {
-            std::optional<std::string> other = FindNoCase(posix.empty() ? "/" : posix, name);
+            std::optional<std::string> other = FindNameNoCase(posix.empty() ? "/" : posix, name);
             if (other) {
                 posix += "/" + *other;
                 continue;

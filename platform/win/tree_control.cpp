@@ -1,19 +1,18 @@
 #include "platform/win/tree_control.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
-#include <deque>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/win/focus.h"
 #include "platform/win/image_list.h"
 #include "platform/win/message_queue.h"
+#include "platform/win/text_pool.h"
 #include "platform/win/window.h"
 
 namespace win {
@@ -25,32 +24,49 @@ constexpr int kDefaultIndent = 19;
 constexpr int kCharWidth = 8;
 constexpr int kLabelPadding = 4;
 
+unsigned char Fold(char c) {
+    unsigned char u = static_cast<unsigned char>(c);
+    return u >= 'A' && u <= 'Z' ? static_cast<unsigned char>(u + ('a' - 'A')) : u;
+}
+
+// Orders texts byte by byte with ASCII letters folded, as the platform's sorted insert
+// does.
+bool TextBefore(std::string_view x, std::string_view y) {
+    std::size_t n = std::min(x.size(), y.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        unsigned char p = Fold(x[i]);
+        unsigned char q = Fold(y[i]);
+        if (p != q)
+            return p < q;
+    }
+    return x.size() < y.size();
+}
+
+// A text's first eight bytes, folded, as one number that orders as the texts do: most
+// comparisons in a long list of siblings end on it, without a look at the texts. Item
+// texts hold no zero byte, so the zeros that fill a short text sort before any byte.
+std::uint64_t HeadOf(std::string_view text) {
+    std::uint64_t head = 0;
+    for (std::size_t i = 0; i < 8; ++i)
+        head = head << 8 | (i < text.size() ? Fold(text[i]) : 0);
+    return head;
+}
+
 struct Item;
 
-// Orders texts byte by byte with case ignored; takes items and bare texts alike, so that
-// a new text can be placed before its item exists.
-struct TextLess {
-    using is_transparent = void;
-    static std::string_view TextOf(const Item* item);
-    static std::string_view TextOf(std::string_view text) { return text; }
-    template <class A, class B>
-    bool operator()(const A& a, const B& b) const {
-        std::string_view x = TextOf(a);
-        std::string_view y = TextOf(b);
-        return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(),
-                                            [](char p, char q) {
-                                                return std::tolower(static_cast<unsigned char>(p)) <
-                                                       std::tolower(static_cast<unsigned char>(q));
-                                            });
-    }
+struct Sibling {
+    std::uint64_t head;
+    Item* item;
 };
-
-using SortedIndex = std::multiset<Item*, TextLess>;
 
 struct Item {
     std::uintptr_t number = 0;
     bool live = false;
-    std::string text;
+    // The children are in `sorted` too, in text order, from the first sorted insert below
+    // this item on; equal texts stand in the order they came in.
+    bool indexed = false;
+    std::string_view text;   // kept in the tree's text pool
+    std::uint64_t head = 0;  // HeadOf(text)
     int image = 0;
     int selectedImage = 0;
     UINT state = 0;  // TVIS_EXPANDED and what TVM_SETITEM stored; selection is the caret's
@@ -61,21 +77,45 @@ struct Item {
     Item* lastChild = nullptr;
     Item* prev = nullptr;
     Item* next = nullptr;
-    // The children in text order, made at the first sorted insert below this item and
-    // kept from then on; indexPos is this item's place in its parent's index.
-    std::unique_ptr<SortedIndex> index;
-    SortedIndex::iterator indexPos;
+    std::vector<Sibling> sorted;
 };
 
-std::string_view TextLess::TextOf(const Item* item) {
-    return item->text;
+bool SiblingBefore(const Sibling& a, const Sibling& b) {
+    if (a.head != b.head)
+        return a.head < b.head;
+    // Equal heads: both texts are at least eight long, or both equal.
+    std::size_t skip = std::min<std::size_t>(a.item->text.size(), 8);
+    return TextBefore(a.item->text.substr(skip), b.item->text.substr(skip));
 }
+
+// The items of a tree by handle number, in blocks that never move, so that an item's
+// address holds for its life and a big tree costs an allocation per block, not per item.
+class ItemStore {
+  public:
+    std::size_t size() const { return size_; }
+    Item& operator[](std::size_t n) { return blocks_[n / kBlock][n % kBlock]; }
+    Item& Add() {
+        if (size_ == blocks_.size() * kBlock)
+            blocks_.push_back(std::make_unique<Item[]>(kBlock));
+        return (*this)[size_++];
+    }
+    void Clear() {
+        blocks_.clear();
+        size_ = 0;
+    }
+
+  private:
+    static constexpr std::size_t kBlock = 1024;
+    std::vector<std::unique_ptr<Item[]>> blocks_;
+    std::size_t size_ = 0;
+};
 
 struct Tree {
     Item root;  // the invisible parent of the top-level items
     // Items by handle number: number n lives at items[n - base]. A deleted item's slot
     // stays dead until all items go, so that stale handles never come back to life.
-    std::deque<Item> items;
+    ItemStore items;
+    TextPool texts;
     std::uintptr_t base = 1;
     std::size_t count = 0;
     Item* caret = nullptr;
@@ -115,10 +155,44 @@ bool IsRootHandle(HTREEITEM handle) {
     return handle == nullptr || handle == TVI_ROOT;
 }
 
+Sibling SiblingOf(Item* item) {
+    return Sibling{item->head, item};
+}
+
 void BuildIndex(Item& parent) {
-    parent.index = std::make_unique<SortedIndex>();
+    parent.indexed = true;
+    // Most parents have a few children: room for them at once, not a growth per child.
+    parent.sorted.reserve(4);
     for (Item* c = parent.firstChild; c != nullptr; c = c->next) {
-        c->indexPos = parent.index->insert(parent.index->end(), c);
+        parent.sorted.push_back(SiblingOf(c));
+    }
+    std::stable_sort(parent.sorted.begin(), parent.sorted.end(), SiblingBefore);
+}
+
+// Puts the item into its parent's index behind the equal texts; answers the sibling that
+// now follows it there, null when it is last. Texts that come in sorted are appended
+// without a search.
+Item* IndexInsert(Item& parent, Item* item) {
+    std::vector<Sibling>& sorted = parent.sorted;
+    Sibling key = SiblingOf(item);
+    if (sorted.empty() || !SiblingBefore(key, sorted.back())) {
+        sorted.push_back(key);
+        return nullptr;
+    }
+    auto greater = std::upper_bound(sorted.begin(), sorted.end(), key, SiblingBefore);
+    Item* follower = greater->item;
+    sorted.insert(greater, key);
+    return follower;
+}
+
+void IndexErase(Item& parent, Item* item) {
+    std::vector<Sibling>& sorted = parent.sorted;
+    auto it = std::lower_bound(sorted.begin(), sorted.end(), SiblingOf(item), SiblingBefore);
+    while (it != sorted.end() && it->item != item) {
+        ++it;
+    }
+    if (it != sorted.end()) {
+        sorted.erase(it);
     }
 }
 
@@ -134,20 +208,21 @@ void Unlink(Item& item) {
     Item& parent = *item.parent;
     (item.prev ? item.prev->next : parent.firstChild) = item.next;
     (item.next ? item.next->prev : parent.lastChild) = item.prev;
-    if (parent.index) {
-        parent.index->erase(item.indexPos);
+    if (parent.indexed) {
+        IndexErase(parent, &item);
     }
     item.parent = item.prev = item.next = nullptr;
 }
 
-void SetText(Item& item, std::string text) {
-    SortedIndex* index = item.parent ? item.parent->index.get() : nullptr;
-    if (index) {
-        index->erase(item.indexPos);
+void SetText(Tree& tree, Item& item, std::string_view text) {
+    Item* parent = item.parent != nullptr && item.parent->indexed ? item.parent : nullptr;
+    if (parent) {
+        IndexErase(*parent, &item);
     }
-    item.text = std::move(text);
-    if (index) {
-        item.indexPos = index->insert(&item);
+    item.text = tree.texts.Store(text);
+    item.head = HeadOf(item.text);
+    if (parent) {
+        IndexInsert(*parent, &item);
     }
 }
 
@@ -175,32 +250,30 @@ LRESULT InsertItem(Tree& tree, const TVINSERTSTRUCT* in) {
     if (parent == nullptr) {
         return 0;
     }
-    Item& item = tree.items.emplace_back();
+    Item& item = tree.items.Add();
     item.number = tree.base + tree.items.size() - 1;
     item.live = true;
     item.level = parent->level + 1;
     if ((in->item.mask & TVIF_TEXT) && in->item.pszText != nullptr) {
-        item.text = in->item.pszText;
+        item.text = tree.texts.Store(in->item.pszText);
+        item.head = HeadOf(item.text);
     }
     ApplyFields(item, in->item);
 
     HTREEITEM after = in->hInsertAfter;
     Item* before = nullptr;  // null: last
-    if (after == TVI_SORT && !parent->index) {
+    if (after == TVI_SORT && !parent->indexed) {
         BuildIndex(*parent);
     }
-    SortedIndex* index = parent->index.get();
     if (after == TVI_FIRST) {
         before = parent->firstChild;
     } else if (after == TVI_SORT) {
-        auto greater = index->upper_bound(std::string_view(item.text));
-        before = greater == index->end() ? nullptr : *greater;
-        item.indexPos = index->insert(greater, &item);
+        before = IndexInsert(*parent, &item);
     } else if (Item* sibling = ItemOf(tree, after); sibling && sibling->parent == parent) {
         before = sibling->next;
     }
-    if (index && after != TVI_SORT) {
-        item.indexPos = index->insert(&item);
+    if (parent->indexed && after != TVI_SORT) {
+        IndexInsert(*parent, &item);
     }
     LinkBefore(*parent, &item, before);
     ++tree.count;
@@ -209,9 +282,11 @@ LRESULT InsertItem(Tree& tree, const TVINSERTSTRUCT* in) {
 
 void DeleteAll(Tree& tree) {
     tree.root.firstChild = tree.root.lastChild = nullptr;
-    tree.root.index.reset();
+    tree.root.indexed = false;
+    tree.root.sorted = std::vector<Sibling>();
     tree.base += tree.items.size();
-    tree.items.clear();
+    tree.items.Clear();
+    tree.texts.Clear();
     tree.count = 0;
     tree.caret = nullptr;
 }
@@ -233,8 +308,9 @@ void DeleteSubtree(Tree& tree, Item& top) {
             tree.caret = nullptr;
         }
         item->live = false;
-        item->text = std::string();
-        item->index.reset();
+        item->text = std::string_view();
+        item->indexed = false;
+        item->sorted = std::vector<Sibling>();
         item->parent = item->prev = item->next = item->lastChild = nullptr;
         --tree.count;
         item = up;
@@ -393,7 +469,7 @@ LRESULT GetItem(Tree& tree, TVITEM* out) {
     }
     if ((out->mask & TVIF_TEXT) && out->pszText != nullptr && out->cchTextMax > 0) {
         std::size_t n = std::min<std::size_t>(item->text.size(), out->cchTextMax - 1);
-        std::memcpy(out->pszText, item->text.data(), n);
+        item->text.copy(out->pszText, n);
         out->pszText[n] = '\0';
     }
     if (out->mask & TVIF_IMAGE) {
@@ -421,7 +497,7 @@ LRESULT SetItem(Tree& tree, const TVITEM* in) {
         return FALSE;
     }
     if (in->mask & TVIF_TEXT) {
-        SetText(*item, in->pszText ? in->pszText : "");
+        SetText(tree, *item, in->pszText ? in->pszText : "");
     }
     ApplyFields(*item, *in);
     return TRUE;

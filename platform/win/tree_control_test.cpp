@@ -147,6 +147,17 @@ TEST_F(TreeControlTest, SortedInsertsIgnoreCaseAndKeepEqualTextsInInsertOrder) {
                                         "Match_in  [M2]", "stage2  [U2]", "zz"}));
 }
 
+TEST_F(TreeControlTest, SortedInsertsCompareWholeTextsBeyondACommonStart) {
+    HTREEITEM top = Insert("top");
+    for (const char* text : {"schematic_b", "SCHEMATIC", "schematic_A", "schemati", "Schematic_a",
+                             "schematic_", "schematicz", "schem", "SCHEMATI"}) {
+        Insert(text, top, TVI_SORT);
+    }
+    EXPECT_EQ(Children(top), (std::vector<std::string>{"schem", "schemati", "SCHEMATI", "SCHEMATIC",
+                                                       "schematic_", "schematic_A", "Schematic_a",
+                                                       "schematic_b", "schematicz"}));
+}
+
 TEST_F(TreeControlTest, SortedInsertsFollowRenamesDeletionsAndPlainInserts) {
     HTREEITEM top = Insert("top");
     HTREEITEM b = Insert("b", top, TVI_SORT);
