@@ -109,6 +109,19 @@ int CProjectDoc::ProjectMessageBox(const std::string& text, const char* caption,
                            caption != nullptr ? caption : kCaption, flags);
 }
 
+win::LRESULT CProjectDoc::SendProjectNotify(afx::CWnd* target, win::UINT code, afx::CDocument* doc,
+                                            int option, win::LPARAM argument) const {
+    ProjectNotify record;
+    record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
+    record.idFrom = kFromProject;
+    record.code = code;
+    record.document = doc;
+    record.option = option;
+    record.argument = argument;
+    target->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
+    return record.result;
+}
+
 afx::CView* CProjectDoc::GetFirstDocView(afx::CDocument* doc) {
     if (doc == nullptr) {
         return nullptr;
@@ -123,12 +136,7 @@ afx::CFrameWnd* CProjectDoc::GetDocFrame(afx::CDocument* doc, win::BOOL notify) 
         return nullptr;
     }
     if (notify) {
-        ProjectNotify record;
-        record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
-        record.idFrom = kFromProject;
-        record.code = kCodeFrameAsked;
-        record.argument = reinterpret_cast<win::LPARAM>(view);
-        view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
+        SendProjectNotify(view, kCodeFrameAsked, nullptr, 0, reinterpret_cast<win::LPARAM>(view));
     }
     afx::CFrameWnd* frame = view->GetParentFrame();
     if (frame == nullptr || !win::IsWindow(frame->m_hWnd)) {

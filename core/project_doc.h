@@ -126,6 +126,10 @@ class CProjectDoc : public afx::CDocument {
     // A message box owned by the main frame; a null caption is the component's own.
     int ProjectMessageBox(const std::string& text, const char* caption = nullptr,
                           win::UINT flags = win::MB_OK) const;
+    // Sends a window a record of the component's own (sender 100, from the tree view's
+    // window, first argument 0) and gives back the record's result.
+    win::LRESULT SendProjectNotify(afx::CWnd* target, win::UINT code, afx::CDocument* doc = nullptr,
+                                   int option = 0, win::LPARAM argument = 0) const;
     // The first view of a document, null if it has none.
     static afx::CView* GetFirstDocView(afx::CDocument* doc);
     // The frame of a document's first view, null if none; with notify the view is told

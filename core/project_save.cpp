@@ -8,7 +8,7 @@
 #include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "core/project_file.h"
-#include "host/project_notify.h"
+#include "host/notify_codes.h"
 #include "platform/afx/mdi_child_wnd.h"
 #include "platform/afx/mdi_frame_wnd.h"
 #include "platform/afx/view.h"
@@ -21,26 +21,11 @@ namespace velorand {
 
 namespace {
 
-constexpr win::UINT_PTR kFromProject = 100;
-// Tells a schematic's view in a tuning run that its document is saved: option 0 before,
-// 1 after.
-constexpr win::UINT kCodeTuningSave = 304;
-
 // A command along the application's command route.
 void RouteCommand(win::UINT id) {
     if (afx::CWinApp* app = afx::AfxGetApp()) {
         app->OnCmdMsg(id, 0, nullptr, nullptr);
     }
-}
-
-void TellTuningSave(afx::CView* view, win::HWND from, int option) {
-    ProjectNotify record;
-    record.hwndFrom = from;
-    record.idFrom = kFromProject;
-    record.code = kCodeTuningSave;
-    record.option = option;
-    record.argument = reinterpret_cast<win::LPARAM>(view);
-    view->SendMessage(win::WM_NOTIFY, kFromProject, reinterpret_cast<win::LPARAM>(&record));
 }
 
 }  // namespace
@@ -95,7 +80,6 @@ int CProjectDoc::SaveProjectState(win::BOOL closing, win::BOOL crash) {
     }
 
     if (result == 1) {
-        const win::HWND from = treeView->m_hWnd;
         for (afx::CDocument* doc : std::vector<afx::CDocument*>(openDocs.begin(), openDocs.end())) {
             if (!stillOpen(doc)) {
                 continue;
@@ -108,12 +92,14 @@ int CProjectDoc::SaveProjectState(win::BOOL closing, win::BOOL crash) {
                 doc->OnCloseDocument();
             } else if (doc->IsModified() || doc == topDoc) {
                 afx::CView* view = tuning ? GetFirstDocView(doc) : nullptr;
+                // In a tuning run the view's element lock is off while its file is written.
+                const auto viewArg = reinterpret_cast<win::LPARAM>(view);
                 if (view != nullptr) {
-                    TellTuningSave(view, from, 0);
+                    SendProjectNotify(view, kCodeElementLock, nullptr, 0, viewArg);
                 }
                 SaveToWorkFile(doc);
                 if (view != nullptr) {
-                    TellTuningSave(view, from, 1);
+                    SendProjectNotify(view, kCodeElementLock, nullptr, 1, viewArg);
                 }
             }
         }

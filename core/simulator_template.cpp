@@ -11,7 +11,6 @@
 #include "core/netlist_header.h"
 #include "core/project_doc.h"
 #include "core/simulator_info.h"
-#include "host/project_notify.h"
 #include "platform/afx/controls.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/multi_doc_template.h"
@@ -159,34 +158,16 @@ int CProjectDoc::ForgetSimulatorTemplate() {
     return 1;
 }
 
-namespace {
-
-// Asks the view with a record of the component's own; `answer` when there is no view.
-win::LRESULT AskTemplateView(afx::CView* view, win::HWND from, win::UINT code, win::LPARAM argument,
-                             win::LRESULT answer) {
-    if (view == nullptr)
-        return answer;
-    ProjectNotify record;
-    record.hwndFrom = from;
-    record.idFrom = 100;
-    record.code = code;
-    record.option = 1;
-    record.argument = argument;
-    view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
-    return record.result;
-}
-
-}  // namespace
-
 win::LRESULT CProjectDoc::QueryTemplateView(win::LPARAM value) {
-    afx::CView* view = templateDoc ? GetFirstDocView(templateDoc) : nullptr;
-    return AskTemplateView(view, treeView ? treeView->m_hWnd : nullptr, kQueryTemplate, value, 0);
+    afx::CView* view = GetFirstDocView(templateDoc);
+    return view != nullptr ? SendProjectNotify(view, kQueryTemplate, nullptr, 1, value) : 0;
 }
 
 win::LRESULT CProjectDoc::CanCloseTemplate() {
-    afx::CView* view = templateDoc ? GetFirstDocView(templateDoc) : nullptr;
-    return AskTemplateView(view, treeView ? treeView->m_hWnd : nullptr, kMayClose,
-                           reinterpret_cast<win::LPARAM>("Close"), 1);
+    afx::CView* view = GetFirstDocView(templateDoc);
+    return view != nullptr ? SendProjectNotify(view, kMayClose, nullptr, 1,
+                                               reinterpret_cast<win::LPARAM>("Close"))
+                           : 1;
 }
 
 }  // namespace velorand

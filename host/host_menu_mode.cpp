@@ -4,7 +4,6 @@
 #include "core/host_commands.h"
 #include "core/project_doc.h"
 #include "host/notify_codes.h"
-#include "host/project_notify.h"
 #include "platform/afx/mdi_child_wnd.h"
 #include "platform/afx/mdi_frame_wnd.h"
 #include "platform/win/messages.h"
@@ -23,11 +22,7 @@ void CProjectDoc::SetHostMenuMode(int option) {
     if (option != 0 || child == nullptr)
         return;
     child->ActivateFrame(win::SW_SHOW);
-    ProjectNotify record;
-    record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
-    record.idFrom = kFromProject;
-    record.code = kCodeFrameAsked;
-    child->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
+    SendProjectNotify(child, kCodeFrameAsked);
 }
 
 }  // namespace velorand

@@ -4,8 +4,6 @@
 
 #include "core/file_kinds.h"
 #include "core/project_doc.h"
-#include "host/notify_codes.h"
-#include "host/project_notify.h"
 #include "platform/afx/frame_wnd.h"
 #include "platform/afx/view.h"
 #include "platform/win/strings.h"
@@ -75,14 +73,7 @@ void CProjectDoc::Replay(afx::CDocument* doc) {
     afx::CView* view = GetFirstDocView(activeDoc);
     if (view == nullptr)
         return;
-    ProjectNotify record;
-    record.hwndFrom = treeView != nullptr ? treeView->m_hWnd : nullptr;
-    record.idFrom = kFromProject;
-    record.code = replayCode;
-    record.document = doc;
-    record.option = 1;
-    record.argument = reinterpret_cast<win::LPARAM>(view);
-    view->SendMessage(win::WM_NOTIFY, 0, reinterpret_cast<win::LPARAM>(&record));
+    SendProjectNotify(view, replayCode, doc, 1, reinterpret_cast<win::LPARAM>(view));
 }
 
 }  // namespace velorand
